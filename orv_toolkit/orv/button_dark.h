@@ -1,0 +1,117 @@
+#pragma once
+
+#include "orv/pixel_argb.h"
+
+#include <QPushButton>
+#include <QString>
+
+#include <functional>
+
+class QImage;
+class QPainter;
+
+namespace orv
+{
+
+/// The button of the main screens: a nine-slice face from the resources and an icon of one colour
+/// that is recoloured by state. It takes no keyboard focus.
+class button_dark : public QPushButton
+{
+    Q_OBJECT
+
+public:
+    /// An icon in the three colours of a button's states, made from one picture.
+    ///
+    /// The picture is either recoloured flat, so that only its alpha counts, or tinted: its colours
+    /// are moved by the distance from the normal to the hot colour.
+    class img_highlighter
+    {
+    public:
+        using paint_function = std::function<void(QPainter &, QPushButton *)>;
+
+        img_highlighter() = default;
+        ~img_highlighter();
+        img_highlighter(const img_highlighter &) = delete;
+        img_highlighter &operator=(const img_highlighter &) = delete;
+
+        /// Takes colours and path and rebuilds, once with each path: first with the old one.
+        void show(const QString &new_path, pixel_argb hot, pixel_argb normal);
+
+        /// Loads the picture at `path` and colours it for each state; without a path nothing is
+        /// done. A picture that can't be loaded paints nothing and has the width 0.
+        void rebuild();
+
+        /// A painter of the icon for a `button_dark`; any other button ends the program. It borrows
+        /// this object, which must outlive it.
+        /// @param x, y  the icon's top left corner in the button, -1 for centred on that axis
+        paint_function get_custom_paint_ex(int x, int y);
+
+        pixel_argb normal_colour;
+        pixel_argb hot_colour;
+        QString path;                      ///< of a resource
+        QImage *image_normal = nullptr;    ///< owned, like the next two
+        QImage *image_hot = nullptr;
+        QImage *image_disabled = nullptr;
+        int image_width = 0;               ///< pixels
+        bool tinted = false;               ///< false: recoloured flat
+
+    private:
+        const QImage *image_for(const button_dark &button) const;
+        void recolour();
+        void tint();
+    };
+
+    explicit button_dark(QWidget *parent);
+    button_dark(QString text, QWidget *parent);
+
+    /// @param name  stem of the face's pictures: "dark" or "header"
+    void set_skin(QString name);
+
+    /// @param align  a value of the style sheet property text-align
+    void set_text_align(QString align);
+
+    /// Fixes the width to that of the icon with `left` and `right` pixels beside it.
+    void fit_width(int left, int right);
+
+    void set_flags(bool draw_frame, bool use_checked, bool hot_checked);
+
+    /// Shows the picture at the resource path `path`, in `hot` under the mouse and in `normal`
+    /// else.
+    /// @param x, y  the icon's top left corner in the button, -1 for centred on that axis
+    void set_icon(QString path, int x, int y, pixel_argb hot, pixel_argb normal);
+
+    /// As `set_icon`, but tinted.
+    void set_tinted_icon(QString path, int x, int y, pixel_argb hot, pixel_argb normal);
+
+    /// Shows another icon while the button is checked, and takes the checked face out of use from
+    /// the next style sheet on. Goes after `set_icon`, which would replace it.
+    void set_checked_icon(QString path, int x, int y, pixel_argb hot, pixel_argb normal);
+
+    /// As `set_checked_icon`, but tinted.
+    void set_tinted_checked_icon(QString path, int x, int y, pixel_argb hot, pixel_argb normal);
+
+    QString sheet_template;
+    QString sheet_checked;
+    QString default_skin = "dark";
+    QString default_align = "center";
+    QString skin = default_skin;
+    QString text_align = default_align;
+    img_highlighter icon;
+    img_highlighter checked_icon;
+    bool draw_frame_when_checked = false;
+    bool hot_when_checked = true;
+    bool use_checked_sheet = true;
+    bool allow_uncheck = false;  ///< a click on the checked button of an exclusive group unchecks
+    std::function<void(QPainter &)> paint_callback;
+    std::function<void(QPainter &, QPushButton *)> paint_callback_ex;
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+
+private:
+    void rebuild_sheet();
+    bool unchecks_on_click() const;
+};
+
+}  // namespace orv

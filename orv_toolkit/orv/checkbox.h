@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QCheckBox>
+
+namespace orv
+{
+
+/// A check box that style sheets can address as `orv--checkbox`.
+class checkbox : public QCheckBox
+{
+    Q_OBJECT
+
+public:
+    using QCheckBox::QCheckBox;
+};
+
+}  // namespace orv

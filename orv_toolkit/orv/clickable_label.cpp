@@ -1,0 +1,14 @@
+#include "orv/clickable_label.h"
+
+#include <QMouseEvent>
+
+namespace orv
+{
+
+void clickable_label::mousePressEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton)
+        emit clicked();
+}
+
+}  // namespace orv

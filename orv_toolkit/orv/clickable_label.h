@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QLabel>
+
+namespace orv
+{
+
+/// A label that can be clicked with the left mouse button.
+class clickable_label : public QLabel
+{
+    Q_OBJECT
+
+public:
+    using QLabel::QLabel;
+
+signals:
+    /// Sent at the press, not at the release.
+    void clicked();
+
+protected:
+    void mousePressEvent(QMouseEvent *event) override;
+};
+
+}  // namespace orv

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QComboBox>
+
+namespace orv
+{
+
+/// A combo box whose list is as tall as its items, addressed in style sheets as `orv--combobox`.
+class combobox : public QComboBox
+{
+    Q_OBJECT
+
+public:
+    using QComboBox::QComboBox;
+
+    /// As QComboBox, then 20 pixels a row whatever `maxVisibleItems` says.
+    void showPopup() override;
+
+    /// The skin of a combo box; whoever makes one sets it.
+    static const char sheet[];
+
+    bool wheel_disabled = false;  ///< true: the mouse wheel doesn't change the choice
+
+protected:
+    void wheelEvent(QWheelEvent *event) override;
+};
+
+}  // namespace orv

@@ -1,0 +1,232 @@
+#include "orv/exiftool.h"
+
+#include "orv/tag_catalogue.h"
+#include "orv/tag_reply.h"
+
+#include <QByteArray>
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QProcess>
+#include <QStringList>
+
+#include <cstring>
+#include <iostream>
+
+namespace orv
+{
+
+namespace
+{
+
+constexpr int start_timeout_ms = 2000;
+constexpr int reply_wait_ms = 1000;
+constexpr int quit_timeout_ms = 5000;
+constexpr int max_write_tries = 11;
+constexpr char failed_update_text[] = "files weren't updated due to errors";
+
+QString program_path()
+{
+    return QCoreApplication::applicationDirPath() + QDir::separator() + "exiftool.exe";
+}
+
+/// The bytes as UTF-8, up to the first NUL.
+QString text_of(const QByteArray &bytes)
+{
+    return QString::fromUtf8(bytes.constData());
+}
+
+void print_line(const std::string &text)
+{
+    std::cout << text << std::endl;
+}
+
+/// Like `trimmed().endsWith(marker)`, without the copy.
+bool ends_with_marker(const QByteArray &bytes, const QByteArray &marker)
+{
+    static const char white_space[] = " \t\n\v\f\r";
+    int end = bytes.size();
+    while (end > 0 && std::strchr(white_space, bytes[end - 1]) && bytes[end - 1] != '\0')
+        --end;
+    return end >= marker.size() &&
+           std::memcmp(bytes.constData() + end - marker.size(), marker.constData(),
+                       static_cast<std::size_t>(marker.size())) == 0;
+}
+
+void print_tags(const QString &file, const tag_map &tags)
+{
+    std::cout << file.toStdString() << " {";
+    const char *separator = "";
+    for (const auto &[name, value] : tags) {
+        std::cout << separator << "{'" << name << "','" << value << "'}";
+        separator = ", \n";
+    }
+    std::cout << "}" << std::endl;
+}
+
+}  // namespace
+
+std::shared_ptr<exiftool> exiftool::instance()
+{
+    static const std::shared_ptr<exiftool> tool = std::make_shared<exiftool>(construction_key());
+    return tool;
+}
+
+exiftool::exiftool(construction_key) : ready_marker(ready_text)
+{
+    const QString path = program_path();
+    if (!QFileInfo::exists(path))
+        std::cerr << "Exiftool executable " << path.toStdString() << " does not exist..."
+                  << std::endl;
+
+    // The child reads its arguments from standard input; what follows -common_args holds for each
+    // request.
+    const QStringList arguments = {"-stay_open",   "True",  "-@", "-",
+                                   "-common_args", "-args", "-f", "-sort"};
+    proc = new QProcess(this);
+    connect(
+        proc, &QProcess::readyReadStandardError, this, [this] { relay_standard_error(); },
+        Qt::DirectConnection);
+    proc->setReadChannel(QProcess::StandardOutput);
+    proc->start(path, arguments, QIODevice::ReadWrite | QIODevice::Text | QIODevice::Unbuffered);
+    started = proc->waitForStarted(start_timeout_ms);
+    if (!started)
+        print_line("Error: Could not start Exiftool...");
+}
+
+exiftool::~exiftool()
+{
+    if (proc->state() == QProcess::NotRunning) {
+        print_line("Exiftool is not running... It exited with code " + std::to_string(exit_code) +
+                   " and status is " + std::to_string(exit_status));
+        return;
+    }
+    connect(
+        proc, &QProcess::readyRead, this, [this] { relay_exit_output(); }, Qt::DirectConnection);
+    write_to_proc("-stay_open\nFalse\n");
+    if (!proc->waitForFinished(quit_timeout_ms)) {
+        print_line("Exiftool didn't quit in time. Killing it.");
+        proc->kill();
+    }
+}
+
+tag_map exiftool::read_tags(const QString &file, bool group_names, bool print_result)
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    if (!started)
+        return {};
+    QString request = group_names ? "-G1\n" : "";
+    request += "\n%1\n-execute\n";
+    write_to_proc(request.arg(file));
+    const tag_map tags = parse_tag_reply(read_until_ready());
+    if (print_result)
+        print_tags(file, tags);
+    return tags;
+}
+
+bool exiftool::write_tags(const QString &file, const tag_map &tags)
+{
+    QString lines;
+    for (const auto &[name, value] : tags)
+        lines +=
+            QString("-%1=%2\n").arg(QString::fromStdString(name), QString::fromStdString(value));
+    return execute_write(file, lines);
+}
+
+bool exiftool::execute_write(const QString &file, const QString &tag_lines)
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    QString request = QString("\n%1\n-overwrite_original_in_place\n-m\n").arg(file);
+    request += tag_lines;
+    request += "-execute\n";
+    write_to_proc(request);
+    return read_until_ready().indexOf(failed_update_text) == -1;
+}
+
+void exiftool::add_software_tags(tag_map &tags)
+{
+    const std::string signature =
+        QString("%1 - %2")
+            .arg(QCoreApplication::organizationName(), QCoreApplication::applicationName())
+            .toStdString();
+    tags["Software"] = signature;
+    tags["CreatorTool"] = signature;
+}
+
+tag_map exiftool::copyable_tags(const tag_map &tags, bool keep_file_names)
+{
+    static const std::string file_name_tags[] = {"FileName", "Directory"};
+    tag_map copyable = tags;
+    for (const std::string &name : tag_catalogue)
+        copyable.erase(name);
+    if (!keep_file_names) {
+        for (const std::string &name : file_name_tags)
+            copyable.erase(name);
+    }
+    return copyable;
+}
+
+void exiftool::stamp_software(const QString &file)
+{
+    tag_map tags;
+    add_software_tags(tags);
+    write_tags(file, tags);
+}
+
+void exiftool::set_quiet(bool on)
+{
+    quiet = on;
+}
+
+/// Each attempt offers the whole length again, from behind what the attempts before have counted;
+/// a failed one counts as -1. The margins keep that window inside of the buffer.
+void exiftool::write_to_proc(const QString &text)
+{
+    const QByteArray bytes = text.toLocal8Bit();
+    const int wanted = bytes.size();
+    const QByteArray offered =
+        QByteArray(max_write_tries, '\0') + bytes + QByteArray(bytes.size(), '\0');
+    int written = 0;
+    int tries = 0;
+    do {
+        const int result =
+            static_cast<int>(proc->write(offered.constData() + max_write_tries + written, wanted));
+        if (result == -1)
+            print_line("[write_to_proc] proc->write() failed (rc=-1)");
+        written += result;
+        ++tries;
+    } while (written < wanted && tries < max_write_tries);
+    if (written != wanted)
+        print_line("[write_to_proc] Could not write all required data to exiftool pipe. Wrote: " +
+                   std::to_string(written) + ". Wanted: " + std::to_string(wanted) + "!");
+}
+
+QString exiftool::read_until_ready()
+{
+    if (!started) {
+        print_line("Uh oh...");
+        return QString();
+    }
+    const QByteArray marker = ready_marker.toLocal8Bit();
+    QByteArray reply;
+    do {
+        if (proc->waitForReadyRead(reply_wait_ms))
+            reply += proc->readAll();
+        else if (!quiet)
+            print_line("Warning: Exiftool didn't supply any data in the last 1000 msec.");
+    } while (!ends_with_marker(reply, marker));
+    return text_of(reply);
+}
+
+void exiftool::relay_standard_error()
+{
+    if (!quiet)
+        print_line("[exiftool cerr] '" + text_of(proc->readAllStandardError()).toStdString() + "'");
+}
+
+void exiftool::relay_exit_output()
+{
+    print_line("[exiftool2] exit data: '" + text_of(proc->readAll()).toStdString() + "'");
+}
+
+}  // namespace orv

@@ -1,0 +1,15 @@
+#include "orv/lineedit.h"
+
+namespace orv
+{
+
+const char lineedit::sheet[] =
+    "orv--lineedit{    background:rgb(38,38,38);    color:rgb(198,213,210);    "
+    "border: 1px solid rgb(99,99,99);    selection-background-color:rgb(198,213,210);    "
+    "selection-color: #000;}"
+    "orv--lineedit:disabled{    border: 1px solid rgb(75,75,75);    background: rgb(47,47,47);    "
+    "color: rgb(100,100,100);}"
+    "QToolTip{border:1px solid rgb(99,99,99);background-image:none;"
+    "background-color:rgb(47,47,47);}";
+
+}  // namespace orv

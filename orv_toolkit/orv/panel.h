@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QWidget>
+
+namespace orv
+{
+
+/// A frame of the program's skin around one content widget.
+class panel : public QWidget
+{
+    Q_OBJECT
+
+public:
+    using QWidget::QWidget;
+
+    /// Builds the frame around `content`, which becomes a child. For a fresh panel, once.
+    /// @param suffix  of the border picture and of the style rule's name: empty or "_topless"
+    void set_up(QWidget *content, const QString &suffix);
+};
+
+}  // namespace orv

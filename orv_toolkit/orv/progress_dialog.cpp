@@ -1,0 +1,37 @@
+#include "orv/progress_dialog.h"
+
+#include <QProgressBar>
+
+namespace orv
+{
+
+namespace
+{
+
+constexpr double width_factor = 1.2;
+
+constexpr char dialog_sheet[] =
+    "*{color: rgb(198,213,210);  background-color: rgb(47,47,47);}"
+    "QProgressBar {border: 2px solid rgb(55,63,61); border-radius: 4px; text-align: center;}"
+    "QProgressBar::chunk {background-color: rgb(91,91,91); width: 5px;}";
+
+}  // namespace
+
+void progress_dialog::set_up(const QString &title, const QString &label, const QString &bar_format)
+{
+    setStyleSheet(dialog_sheet);
+    // Both flags stand in those of a fresh dialog, so both go.
+    setWindowFlags(windowFlags() ^
+                   (Qt::WindowContextHelpButtonHint | Qt::WindowCloseButtonHint));
+    setWindowTitle(title);
+    setLabelText(label);
+    setCancelButton(nullptr);
+    setMinimumDuration(0);
+    setFixedSize(static_cast<int>(width() * width_factor), height());
+    auto *bar = new QProgressBar(this);
+    bar->setFormat(bar_format);
+    setBar(bar);
+    reset();
+}
+
+}  // namespace orv

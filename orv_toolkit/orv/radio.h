@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QRadioButton>
+
+namespace orv
+{
+
+/// A radio button that style sheets can address as `orv--radio`.
+class radio : public QRadioButton
+{
+    Q_OBJECT
+
+public:
+    using QRadioButton::QRadioButton;
+
+    /// The skin of a radio button; whoever makes one sets it.
+    static const char sheet[];
+};
+
+}  // namespace orv

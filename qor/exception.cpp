@@ -1,0 +1,25 @@
+#include "qor/exception.h"
+
+#include "qor/fatal.h"
+#include "qor/stacktrace.h"
+
+#include <iostream>
+#include <utility>
+
+namespace qor
+{
+
+exception::exception(std::string reason) : message(std::move(reason))
+{
+    const std::string report = message + "\n" + stacktrace::trace_text() + "\n";
+    std::cerr << report << std::endl;
+    fatal_text = report;
+    fatal_exit();
+}
+
+const char *exception::what() const noexcept
+{
+    return message.c_str();
+}
+
+}  // namespace qor

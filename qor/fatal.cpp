@@ -1,0 +1,32 @@
+#include "qor/fatal.h"
+
+#include <cstdlib>
+#include <cstring>
+#include <iostream>
+
+namespace qor
+{
+
+std::string fatal_text;
+std::jmp_buf fatal_jump;
+
+namespace
+{
+
+bool jump_is_set()
+{
+    static const std::jmp_buf unset = {};
+    return std::memcmp(&fatal_jump, &unset, sizeof(std::jmp_buf)) != 0;
+}
+
+}  // namespace
+
+void fatal_exit()
+{
+    if (jump_is_set())
+        std::longjmp(fatal_jump, 1);
+    std::cerr << fatal_text << std::endl;
+    std::exit(-1);
+}
+
+}  // namespace qor

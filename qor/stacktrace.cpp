@@ -1,0 +1,98 @@
+#include "qor/stacktrace.h"
+
+#include <csignal>
+#include <cstdlib>
+#include <iostream>
+
+namespace qor
+{
+
+namespace
+{
+
+constexpr std::size_t reserved_frames = 50;
+constexpr int first_number_reported_as_zero = 185;
+
+#ifdef _WIN32
+constexpr int sigabrt_compat = 6;
+constexpr int handled_signals[] = {SIGABRT, SIGABRT, sigabrt_compat, SIGBREAK, SIGFPE,
+                                   SIGILL,  SIGINT,  SIGSEGV,        SIGTERM};
+#else
+constexpr int handled_signals[] = {SIGABRT, SIGFPE, SIGILL, SIGINT, SIGSEGV, SIGTERM};
+#endif
+
+const char *name_of(int number)
+{
+    const bool has_name = number >= 0 && static_cast<std::size_t>(number) < signal_name_count;
+    return signal_names[has_name ? number : 0];
+}
+
+std::string frame_line(std::size_t index, const stack_frame &frame)
+{
+    return std::to_string(index) + ": " + frame.file + ":" + std::to_string(frame.line) + ": " +
+           frame.function + "\n";
+}
+
+}  // namespace
+
+// clang-format off
+#ifdef _WIN32
+const char *const signal_names[signal_name_count] = {
+    "UNKNOWN", "SIGHUP",  "SIGINT",  "SIGQUIT", "SIGILL",  "SIGTRAP", "SIGABRT_COMPAT", "SIGEMT",
+    "SIGFPE",  "SIGKILL", "SIGBUS",  "SIGSEGV", "SIGSYS",  "SIGPIPE", "SIGALRM",        "SIGTERM",
+    "UNKNOWN", "UNKNOWN", "UNKNOWN", "UNKNOWN", "UNKNOWN", "SIGBREAK", "SIGABRT"};
+#else
+const char *const signal_names[signal_name_count] = {
+    "UNKNOWN",   "SIGHUP",  "SIGINT",   "SIGQUIT", "SIGILL",  "SIGTRAP", "SIGABRT", "SIGBUS",
+    "SIGFPE",    "SIGKILL", "SIGUSR1",  "SIGSEGV", "SIGUSR2", "SIGPIPE", "SIGALRM", "SIGTERM",
+    "SIGSTKFLT", "SIGCHLD", "SIGCONT",  "SIGSTOP", "SIGTSTP", "SIGTTIN", "SIGTTOU", "SIGURG",
+    "SIGXCPU",   "SIGXFSZ", "SIGVTALRM", "SIGPROF", "SIGWINCH", "SIGIO", "SIGPWR",  "SIGSYS"};
+#endif
+// clang-format on
+
+stacktrace &stacktrace::instance()
+{
+    static stacktrace trace;
+    return trace;
+}
+
+void stacktrace::signal_handler(int number)
+{
+    if (number >= first_number_reported_as_zero)
+        number = 0;
+    instance().on_signal(number, name_of(number));
+}
+
+void stacktrace::print_trace_and_exit(int /*number*/, const char *name)
+{
+    std::cerr << trace_text(instance().frames, name) << std::endl;
+    std::exit(-1);
+}
+
+std::string stacktrace::trace_text()
+{
+    return trace_text(instance().frames, nullptr);
+}
+
+std::string stacktrace::trace_text(const std::vector<const stack_frame *> &frames,
+                                   const char *signal_name)
+{
+    std::string text;
+    if (signal_name)
+        text = std::string("ERROR: received signal ") + signal_name + "\n";
+    if (frames.empty())
+        return text + "Stacktrace is empty\n";
+    text += "Printing stacktrace with size " + std::to_string(frames.size()) + ":\n";
+    for (std::size_t index = frames.size(); index-- > 0;)
+        text += frame_line(index, *frames[index]);
+    return text;
+}
+
+stacktrace::stacktrace()
+{
+    frames.reserve(reserved_frames);
+    for (const int number : handled_signals)
+        std::signal(number, signal_handler);
+}
+
+}  // namespace qor

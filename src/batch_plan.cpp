@@ -1,0 +1,156 @@
+#include "batch_plan.h"
+
+#include "time_offset.h"
+#include "to_int.h"
+#include "zone_text.h"
+
+#include <QTime>
+#include <QTimeZone>
+
+#include <algorithm>
+
+namespace
+{
+
+const char exif_recording_tag[] = "ExifIFD:DateTimeOriginal";
+const char ifd0_recording_tag[] = "IFD0:DateTimeOriginal";
+const char iptc_date_tag[] = "IPTC:DateCreated";
+const char iptc_time_tag[] = "IPTC:TimeCreated";
+const char date_time_format[] = "yyyy:MM:dd hh:mm:ss";
+constexpr int seconds_per_hour = 3600;
+
+bool has(const tag_map &tags, const QString &name)
+{
+    return tags.count(name.toStdString()) > 0;
+}
+
+/// The text under a key, empty without it.
+std::string text(const tag_map &tags, const std::string &key)
+{
+    const auto found = tags.find(key);
+    return found == tags.end() ? std::string() : found->second;
+}
+
+QString stored_zone(const tag_map &record)
+{
+    return QString::fromStdString(text(record, "iptc_timezone"));
+}
+
+bool is_iptc_tag(const QString &tag)
+{
+    return tag == iptc_date_tag || tag == iptc_time_tag;
+}
+
+bool is_file_time_tag(const QString &tag)
+{
+    static const QStringList file_time_tags = {
+        "System:FileModifyDate", "System:FileInodeChangeDate", "System:FileCreateDate"};
+    return file_time_tags.contains(tag);
+}
+
+/// `time` without what stands behind its last "+" or, without any, its last "-".
+QString without_zone(const QString &time)
+{
+    int sign = time.lastIndexOf('+');
+    if (sign == -1)
+        sign = time.lastIndexOf('-');
+    return sign == -1 ? time : time.left(sign);
+}
+
+QString composed_iptc_time(const photo_tags &photo)
+{
+    const QDate date(to_int(text(photo.record, "rec_year"), 0),
+                     to_int(text(photo.record, "rec_month"), 0),
+                     to_int(text(photo.record, "rec_day"), 0));
+    const std::string zone = text(photo.record, "iptc_timezone");
+    // The minutes of the zone are lost on purpose.
+    const int offset_hours = to_int(zone, 0);
+    const QString reported = QString::fromStdString(text(photo.raw_tags, iptc_time_tag));
+    const QTime time = QTime::fromString(without_zone(reported), "hh:mm:ss");
+    const QDateTime date_time =
+        zone.empty() ? QDateTime(date, time, Qt::LocalTime)
+                     : QDateTime(date, time, Qt::OffsetFromUTC,
+                                 wrapped_product(offset_hours, seconds_per_hour));
+    const auto offset = static_cast<float>(date_time.timeZone().offsetFromUtc(date_time));
+    return date_time.toString(date_time_format) + timezone_text(offset / 3600.0F);
+}
+
+undo_entry entry_for(const QString &tag, const photo_tags &photo)
+{
+    if (!has(photo.raw_tags, tag))
+        return {tag, false, QString()};
+    if (tag == iptc_time_tag)
+        return {tag, true, composed_iptc_time(photo)};
+    return {tag, true, QString::fromStdString(text(photo.raw_tags, tag.toStdString()))};
+}
+
+}  // namespace
+
+QStringList candidate_tags(const tag_map &record)
+{
+    QStringList tags = {exif_recording_tag,
+                        "ExifIFD:CreateDate",
+                        "IFD0:ModifyDate",
+                        "XMP-photoshop:DateCreated",
+                        iptc_date_tag,
+                        iptc_time_tag,
+                        "System:FileModifyDate",
+                        "System:FileInodeChangeDate",
+                        "System:FileCreateDate"};
+    // The tool reports the inode's date for each file, but nothing can set it.
+    tags.removeAll("System:FileInodeChangeDate");
+    if (has(record, "DateTimeOriginalInIFD0")) {
+        tags.removeAll(exif_recording_tag);
+        tags << ifd0_recording_tag;
+    }
+    return tags;
+}
+
+tag_map fix_tags(const photo_tags &photo, const QDateTime &new_time, bool alter_timezone,
+                 double timezone)
+{
+    const QString zone = stored_zone(photo.record);
+    const bool zone_known = alter_timezone || !zone.isEmpty();
+    const QString plain_text = new_time.toString(date_time_format);
+    const QString zoned_text = plain_text + timezone_text(moved_zone_hours(zone, timezone));
+
+    tag_map values;
+    const QStringList candidates = candidate_tags(photo.record);
+    for (const QString &tag : candidates) {
+        const bool added = is_iptc_tag(tag) && alter_timezone;
+        if (!has(photo.raw_tags, tag) && !added)
+            continue;
+        const bool zoned = zone_known && (is_iptc_tag(tag) || is_file_time_tag(tag));
+        values[tag.toStdString()] = (zoned ? zoned_text : plain_text).toStdString();
+    }
+    return values;
+}
+
+QList<undo_entry> undo_entries(const photo_tags &photo)
+{
+    QList<undo_entry> entries;
+    const QStringList candidates = candidate_tags(photo.record);
+    for (const QString &tag : candidates)
+        entries << entry_for(tag, photo);
+    return entries;
+}
+
+tag_map undo_tags(const QList<undo_entry> &entries)
+{
+    tag_map values;
+    for (const undo_entry &entry : entries)
+        values[entry.tag.toStdString()] = entry.value.toStdString();
+    return values;
+}
+
+bool is_before_file_time_limit(const QDateTime &new_time)
+{
+    const QDateTime limit(QDate(1972, 1, 1), QTime(0, 0, 0, 0), Qt::LocalTime);
+    return new_time.isValid() && new_time < limit;
+}
+
+bool lacks_zone(const photo_tags &photo)
+{
+    return (has(photo.raw_tags, iptc_date_tag) || has(photo.raw_tags, iptc_time_tag)) &&
+           stored_zone(photo.record).isEmpty();
+}

@@ -1,0 +1,114 @@
+#include "datetime_format.h"
+
+#include "datetime_format_form.h"
+#include "orv/radio.h"
+
+#include <QFont>
+#include <QLabel>
+#include <QSettings>
+
+namespace
+{
+
+constexpr int heading_weight = 75;
+constexpr int heading_point_size = 11;
+
+}  // namespace
+
+datetime_format::datetime_format(QWidget *parent) : QWidget(parent), ui(new datetime_format_form)
+{
+    ui->build(this);
+    load_settings();
+    QFont heading_font("FreeSansBold");
+    heading_font.setWeight(heading_weight);
+    heading_font.setPointSize(heading_point_size);
+    ui->label->setFont(heading_font);
+    ui->label_2->setFont(heading_font);
+}
+
+QString datetime_format::format_string() const
+{
+    return QString("%1 - %2").arg(date_format, time_format);
+}
+
+void datetime_format::load_settings()
+{
+    static const QSettings settings;
+    date_format = settings.value("date_format", "dd.MM.yyyy").toString();
+    time_format = settings.value("time_format", "HH:mm:ss").toString();
+    // A stored format of no button leaves the checked one on: the groups are exclusive.
+    for (const auto &choice : ui->date_choices)
+        (ui->*choice.button)->setChecked(date_format == choice.format);
+    for (const auto &choice : ui->time_choices)
+        (ui->*choice.button)->setChecked(time_format == choice.format);
+}
+
+void datetime_format::save_settings()
+{
+    static QSettings settings;
+    settings.setValue("date_format", date_format);
+    settings.setValue("time_format", time_format);
+}
+
+void datetime_format::on_rb_ddmmyyyy_slash_clicked()
+{
+    choose_date(ui->rb_ddmmyyyy_slash);
+}
+
+void datetime_format::on_rb_ddmmyyyy_dot_clicked()
+{
+    choose_date(ui->rb_ddmmyyyy_dot);
+}
+
+void datetime_format::on_rb_ddmmyyyy_dash_clicked()
+{
+    choose_date(ui->rb_ddmmyyyy_dash);
+}
+
+void datetime_format::on_rb_yyyymmdd_slash_clicked()
+{
+    choose_date(ui->rb_yyyymmdd_slash);
+}
+
+void datetime_format::on_rb_yyyymmdd_dot_clicked()
+{
+    choose_date(ui->rb_yyyymmdd_dot);
+}
+
+void datetime_format::on_rb_yyyymmdd_dash_clicked()
+{
+    choose_date(ui->rb_yyyymmdd_dash);
+}
+
+void datetime_format::on_rb_mmddyyyy_slash_clicked()
+{
+    choose_date(ui->rb_mmddyyyy_slash);
+}
+
+void datetime_format::on_rb_hhmmss_clicked()
+{
+    choose_time(ui->rb_hhmmss);
+}
+
+void datetime_format::on_rb_hhmm_clicked()
+{
+    choose_time(ui->rb_hhmm);
+}
+
+void datetime_format::choose_date(const orv::radio *button)
+{
+    date_format = ui->format_of(button);
+    commit();
+}
+
+void datetime_format::choose_time(const orv::radio *button)
+{
+    time_format = ui->format_of(button);
+    commit();
+}
+
+void datetime_format::commit()
+{
+    save_settings();
+    emit format_changed(format_string());
+}

@@ -1,0 +1,112 @@
+#include "exif_cache.h"
+
+#include "orv/exiftool.h"
+#include "qor/stacktrace.h"
+#include "qor/string.h"
+
+#include <cstdlib>
+#include <iostream>
+
+namespace
+{
+
+const std::string exif_recording_tag = "ExifIFD:DateTimeOriginal";
+const std::string ifd0_recording_tag = "IFD0:DateTimeOriginal";
+
+/// Ends the program if `parts` aren't three, in every build: going on would shift a wrong time.
+/// The report is in the words of the runtime's assertion, and the crash report follows it.
+void require_three_parts(const std::vector<qor::string> &parts, const char *check, int line,
+                         const char *function)
+{
+    if (parts.size() == 3)
+        return;
+    std::cerr << "src/exif_cache:" << line << ": " << function << ": Assertion `" << check
+              << "' failed." << std::endl;
+    qor::stacktrace::instance();
+    std::abort();
+}
+
+/// Stays silent: a text that isn't empty always has a part.
+void report_unparsed(const std::string &path, const std::string &value,
+                     const std::vector<qor::string> &parts)
+{
+    std::cout << "Error[" << path << "]: Can't parse exif recording date/time... " << value << "{";
+    const char *separator = "";
+    for (const qor::string &part : parts) {
+        std::cout << separator << "'" << part << "'";
+        separator = ", ";
+    }
+    std::cout << "}" << std::endl;
+}
+
+}  // namespace
+
+std::shared_ptr<exif_cache> exif_cache::instance()
+{
+    static const std::shared_ptr<exif_cache> cache = std::make_shared<exif_cache>();
+    return cache;
+}
+
+void exif_cache::load(const std::string &path)
+{
+    tag_map &tags = raw_tags[path];
+    tags = orv::exiftool::instance()->read_tags(QString::fromStdString(path), true, false);
+
+    std::string value;
+    if (const auto exif = tags.find(exif_recording_tag); exif != tags.end()) {
+        value = exif->second;
+    } else if (const auto ifd0 = tags.find(ifd0_recording_tag); ifd0 != tags.end()) {
+        value = ifd0->second;
+        records[path]["DateTimeOriginalInIFD0"] = "true";
+    }
+    parse_recording_date(path, value);
+    parse_iptc(path, tags);
+    records[path]["has_data"] = "true";
+}
+
+tag_map exif_cache::record_copy(const QString &path)
+{
+    return records[path.toStdString()];
+}
+
+void exif_cache::parse_recording_date(const std::string &path, const std::string &value)
+{
+    const std::vector<qor::string> parts = qor::string::split(value, ' ', 1);
+    if (value.empty())
+        return;
+    if (parts.empty()) {
+        report_unparsed(path, value, parts);
+        return;
+    }
+    const std::vector<qor::string> date_parts = qor::string::split(parts[0], ":");
+    require_three_parts(date_parts, "date_parts.size()==3", 27, __PRETTY_FUNCTION__);
+    tag_map &record = records[path];
+    record["rec_year"] = date_parts[0];
+    record["rec_month"] = date_parts[1];
+    record["rec_day"] = date_parts[2];
+    if (parts.size() < 2)
+        return;
+    const std::vector<qor::string> time_parts = qor::string::split(parts[1], ":");
+    require_three_parts(time_parts, "time_parts.size()==3", 36, __PRETTY_FUNCTION__);
+    record["rec_hour"] = time_parts[0];
+    record["rec_minute"] = time_parts[1];
+    record["rec_second"] = time_parts[2];
+}
+
+void exif_cache::parse_iptc(const std::string &path, const tag_map &tags)
+{
+    tag_map &record = records[path];
+    record["has_iptc_date"] = tags.count("IPTC:DateCreated") ? "true" : "false";
+    record["has_iptc_time"] = "false";
+    // Another key than the one of the zone, on purpose: a time without a sign has no zone key.
+    record["ipct_timezone"] = "";
+    const auto time = tags.find("IPTC:TimeCreated");
+    if (time == tags.end())
+        return;
+    record["has_iptc_time"] = "true";
+    std::size_t sign = time->second.rfind('+');
+    if (sign == std::string::npos)
+        sign = time->second.rfind('-');
+    if (sign != std::string::npos)
+        record["iptc_timezone"] = time->second.substr(sign);
+}

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+/// The absolute paths of the readable files in a folder, in the order of the file system. Hidden
+/// files, system files and subfolders are left out.
+QStringList folder_files(const QString &folder);
+
+/// The paths of `names` that are files, each folder replaced by its files; what doesn't exist is
+/// left out.
+QStringList files_and_folder_contents(const QStringList &names);

@@ -1,0 +1,13 @@
+#include "language_setting.h"
+
+#include <QLocale>
+#include <QSettings>
+#include <QVariant>
+
+QString language_setting(const QString &key)
+{
+    const QString stored = QSettings().value(key, QVariant()).toString();
+    if (!stored.isEmpty())
+        return stored;
+    return QLocale::system().language() == QLocale::German ? "de" : "en";
+}

@@ -1,0 +1,7 @@
+#pragma once
+
+#include <QString>
+
+/// The language stored under `key`, as it stands there; where nothing is stored, "de" on a German
+/// system and "en" on any other. Nothing is written back.
+QString language_setting(const QString &key);

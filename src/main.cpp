@@ -1,0 +1,18 @@
+#include "MainWindow.h"
+#include "language_setting.h"
+#include "orv/application_common.h"
+#include "program_setup.h"
+
+int main(int argc, char **argv)
+{
+    set_identity();
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling, true);
+    orv::application<MainWindow> application(argc, argv);
+    install_style();
+    install_translators(language_setting("lang"));
+
+    MainWindow window(nullptr);
+    application.main_window = &window;
+    window.show();
+    return QApplication::exec();
+}

@@ -1,0 +1,20 @@
+#pragma once
+
+class QString;
+
+/// Sets the names under which the settings are stored, and the version. Needs no application
+/// object.
+void set_identity();
+
+/// Gives the application the style in which tool tips take two seconds to show. Needs the
+/// application object, which owns the style.
+void install_style();
+
+/// Installs the texts of Qt, of the program and of the widget kit in a language such as "de". Texts
+/// without a catalogue stay as they are in the source, which is English. The translators live to
+/// the end of the process.
+void install_translators(const QString &language);
+
+/// Adds the program's fonts. The bold one calls itself "FreeSans" like the plain one, so its family
+/// "FreeSansBold" is made known as another name of that. Needs the application object.
+void add_fonts();

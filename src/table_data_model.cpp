@@ -1,0 +1,260 @@
+#include "table_data_model.h"
+
+#include "exif_cache.h"
+
+#include <QFileInfo>
+#include <QSize>
+
+#include <algorithm>
+
+namespace
+{
+
+constexpr int header_height_px = 30;
+constexpr int name_width_px = 300;
+constexpr int header_point_size = 11;
+constexpr int header_weight = 75;
+
+QString file_name(const QString &path)
+{
+    return QFileInfo(path).fileName();
+}
+
+int compare_by_name(const QString &a, const QString &b)
+{
+    const QString name_a = file_name(a);
+    const QString name_b = file_name(b);
+    return name_a == name_b ? QString::localeAwareCompare(a, b)
+                            : QString::localeAwareCompare(name_a, name_b);
+}
+
+/// The number under a key of a record, 0 without it.
+int number(const tag_map &record, const char *key)
+{
+    const auto found = record.find(key);
+    return found == record.end() ? 0 : to_int(found->second, 0);
+}
+
+}  // namespace
+
+table_data_model::table_data_model(QObject *parent)
+    : QAbstractTableModel(parent), header_font("FreeSansBold")
+{
+    header_font.setWeight(header_weight);
+    header_font.setPointSize(header_point_size);
+}
+
+int table_data_model::rowCount(const QModelIndex & /*parent*/) const
+{
+    return files.size();
+}
+
+int table_data_model::columnCount(const QModelIndex & /*parent*/) const
+{
+    return column_count;
+}
+
+QVariant table_data_model::data(const QModelIndex &index, int role) const
+{
+    const QString path = files[index.row()];
+    if (role == Qt::DisplayRole)
+        return display_text(path, index.column());
+    if (role == Qt::UserRole)
+        return user_value(path, index.column());
+    return QVariant();
+}
+
+QVariant table_data_model::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    const QVariant base_value = QAbstractTableModel::headerData(section, orientation, role);
+    if (orientation != Qt::Horizontal)
+        return base_value;
+    switch (role) {
+    case Qt::DisplayRole:
+        return title(section, base_value);
+    case Qt::SizeHintRole: {
+        QSize size = base_value.toSize();
+        size.setHeight(header_height_px);
+        if (section == name_column)
+            size.setWidth(name_width_px);
+        return size;
+    }
+    case Qt::InitialSortOrderRole:
+        return Qt::AscendingOrder;
+    case Qt::TextAlignmentRole:
+        return static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter);
+    case Qt::FontRole:
+        return header_font;
+    default:
+        return base_value;
+    }
+}
+
+void table_data_model::sort(int column, Qt::SortOrder order)
+{
+    if (column != name_column && column != recording_time_column) {
+        emit sort_order_override(sort_column, sort_order);
+        return;
+    }
+    emit layoutAboutToBeChanged();
+    if (column == name_column)
+        sort_by_name(order);
+    else
+        sort_by_recording_time(order);
+    emit layoutChanged();
+    sort_column = column;
+    sort_order = order;
+}
+
+void table_data_model::add_file(const QString &path, bool notify)
+{
+    if (files.contains(path))
+        return;
+    const int row = rowCount();
+    if (notify)
+        beginInsertRows(QModelIndex(), row, row);
+    files << path;
+    exif_cache::instance()->load(path.toStdString());
+    if (notify)
+        endInsertRows();
+}
+
+void table_data_model::add_files(const QStringList &paths)
+{
+    for (const QString &path : paths)
+        add_file(path, true);
+    resort();
+}
+
+void table_data_model::clear()
+{
+    beginResetModel();
+    files.clear();
+    endResetModel();
+}
+
+void table_data_model::resort()
+{
+    sort(sort_column, sort_order);
+}
+
+QDateTime table_data_model::recording_time(const QString &path) const
+{
+    const tag_map record = exif_cache::instance()->record_copy(path);
+    const QDate date(number(record, "rec_year"), number(record, "rec_month"),
+                     number(record, "rec_day"));
+    const QTime time(number(record, "rec_hour"), number(record, "rec_minute"),
+                     number(record, "rec_second"), 0);
+    return QDateTime(date, time, Qt::LocalTime);
+}
+
+QDateTime table_data_model::new_recording_time(const QString &path) const
+{
+    return shifted_time(recording_time(path), {year, month, day, hour, minute, second,
+                                               alter_timezone, timezone});
+}
+
+QString table_data_model::zone_text_for(const QString &path, bool apply_offset) const
+{
+    const tag_map record = exif_cache::instance()->record_copy(path);
+    const auto found = record.find("iptc_timezone");
+    const QString zone =
+        found == record.end() ? QString() : QString::fromStdString(found->second);
+    if (apply_offset && alter_timezone)
+        return timezone_text(moved_zone_hours(zone, timezone));
+    return zone;
+}
+
+void table_data_model::datetime_format_changed(QString format)
+{
+    emit layoutAboutToBeChanged();
+    display_format = format;
+    emit layoutChanged();
+}
+
+void table_data_model::datetime_offset_changed(int new_year, int new_month, int new_day,
+                                               int new_hour, int new_minute, int new_second,
+                                               bool new_alter_timezone, double new_timezone)
+{
+    emit layoutAboutToBeChanged();
+    year = new_year;
+    month = new_month;
+    day = new_day;
+    hour = new_hour;
+    minute = new_minute;
+    second = new_second;
+    alter_timezone = new_alter_timezone;
+    timezone = new_timezone;
+    emit layoutChanged();
+}
+
+QVariant table_data_model::title(int section, const QVariant &base_title) const
+{
+    switch (section) {
+    case name_column:
+        return tr("Photos");
+    case recording_time_column:
+        return tr("Recording Time");
+    case new_recording_time_column:
+        return tr("New Recording Time");
+    default:
+        return base_title;
+    }
+}
+
+QVariant table_data_model::display_text(const QString &path, int column) const
+{
+    switch (column) {
+    case name_column:
+        return file_name(path);
+    case recording_time_column:
+        return time_text(recording_time(path), path, false);
+    case new_recording_time_column:
+        return time_text(new_recording_time(path), path, true);
+    default:
+        return QVariant();
+    }
+}
+
+QVariant table_data_model::user_value(const QString &path, int column) const
+{
+    switch (column) {
+    case name_column:
+        return path;
+    case recording_time_column:
+        return recording_time(path);
+    case new_recording_time_column:
+        return new_recording_time(path);
+    default:
+        return QVariant();
+    }
+}
+
+QString table_data_model::time_text(const QDateTime &time, const QString &path,
+                                    bool apply_offset) const
+{
+    const QString text = time.toString(display_format);
+    if (text.isEmpty())
+        return "-";
+    const QString zone = zone_text_for(path, apply_offset);
+    return zone.isEmpty() ? text : text + "  UTC" + zone;
+}
+
+void table_data_model::sort_by_name(Qt::SortOrder order)
+{
+    const bool descending = order == Qt::DescendingOrder;
+    std::sort(files.begin(), files.end(), [descending](const QString &a, const QString &b) {
+        const int c = compare_by_name(a, b);
+        return descending ? c > 0 : c < 0;
+    });
+}
+
+void table_data_model::sort_by_recording_time(Qt::SortOrder order)
+{
+    const bool descending = order == Qt::DescendingOrder;
+    std::sort(files.begin(), files.end(), [this, descending](const QString &a, const QString &b) {
+        const QDateTime ta = recording_time(a);
+        const QDateTime tb = recording_time(b);
+        return descending ? tb < ta : ta < tb;
+    });
+}

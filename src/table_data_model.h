@@ -1,0 +1,95 @@
+#pragma once
+
+#include "time_offset.h"
+#include "to_int.h"
+#include "zone_text.h"
+
+#include <QAbstractTableModel>
+#include <QDateTime>
+#include <QFont>
+#include <QString>
+#include <QStringList>
+
+/// The photo table: a row for each loaded file, with its name, its recording time and the recording
+/// time that the entered shift would give.
+///
+/// Lives on the GUI thread. The model holds the paths alone; every value is made from `exif_cache`
+/// and the shift at the moment it is asked for, so that a new shift or format costs two layout
+/// signals. Through `Qt::UserRole` a row gives its path and its two times, invalid where the file
+/// has none.
+class table_data_model : public QAbstractTableModel
+{
+    Q_OBJECT
+
+public:
+    enum column { name_column, recording_time_column, new_recording_time_column, column_count };
+
+    explicit table_data_model(QObject *parent);
+
+    /// The number of files, whatever the parent.
+    int rowCount(const QModelIndex &parent = QModelIndex()) const override;
+    int columnCount(const QModelIndex &parent = QModelIndex()) const override;
+    QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
+    QVariant headerData(int section, Qt::Orientation orientation,
+                        int role = Qt::DisplayRole) const override;
+
+    /// Sorts by name or by recording time, without the shift; equal times keep no order. Any other
+    /// column sorts nothing and has the header go back to the column in force.
+    void sort(int column, Qt::SortOrder order = Qt::AscendingOrder) override;
+
+    /// Appends a file that isn't in the list yet, by the exact text of its path, and has the
+    /// metadata tool read it, which blocks until the tool has answered. Nothing is sorted.
+    /// @param notify  send the signals of an inserted row
+    void add_file(const QString &path, bool notify);
+
+    /// Adds all the files, then sorts.
+    void add_files(const QStringList &paths);
+
+    /// Empties the list; sort, format, shift and `exif_cache` stay.
+    void clear();
+
+    /// Sorts again by the column and order in force.
+    void resort();
+
+    /// The recording time of a loaded file, as a local time; invalid if it has none.
+    QDateTime recording_time(const QString &path) const;
+
+    /// The same with the shift.
+    QDateTime new_recording_time(const QString &path) const;
+
+    /// The zone of a loaded file as the file has it, which may be none; with `apply_offset` and a
+    /// zone in the shift the zone moved by that.
+    QString zone_text_for(const QString &path, bool apply_offset) const;
+
+    QStringList files;                           ///< full paths, in the order of the rows
+    Qt::SortOrder sort_order = Qt::AscendingOrder;  ///< of the last sort carried out
+    int sort_column = -1;                        ///< of the last sort carried out; -1: none yet
+    QString display_format;                      ///< for QDateTime::toString
+    QFont header_font;
+
+    int year = 0;  ///< the shift, with the next seven: see `time_offset`
+    int month = 0;
+    int day = 0;
+    int hour = 0;
+    int minute = 0;
+    int second = 0;
+    double timezone = 0.0;
+    bool alter_timezone = false;
+
+signals:
+    /// The header is to show this column and order again.
+    void sort_order_override(int column, Qt::SortOrder order);
+
+public slots:
+    void datetime_format_changed(QString format);
+    void datetime_offset_changed(int year, int month, int day, int hour, int minute, int second,
+                                 bool alter_timezone, double timezone);
+
+private:
+    QVariant title(int section, const QVariant &base_title) const;
+    QVariant display_text(const QString &path, int column) const;
+    QVariant user_value(const QString &path, int column) const;
+    QString time_text(const QDateTime &time, const QString &path, bool apply_offset) const;
+    void sort_by_name(Qt::SortOrder order);
+    void sort_by_recording_time(Qt::SortOrder order);
+};
