@@ -46,8 +46,8 @@ std::vector<string> string::split(const string &text, char separator, int limit)
     return pieces;
 }
 
-void string::split(const string &text, char separator,
-                   std::function<void(array<char> &)> callback, int limit)
+void string::split(const string &text, char separator, std::function<void(array<char> &)> callback,
+                   int limit)
 {
     char *const characters = const_cast<char *>(text.data());
     for_each_piece(text, separator, limit, [&](std::size_t start, std::size_t length) {

@@ -186,8 +186,7 @@ void MainWindow::setup_table()
     header->setSortIndicator(-1, Qt::AscendingOrder);
     header->setSectionResizeMode(table_data_model::name_column, QHeaderView::Fixed);
     header->setSectionResizeMode(table_data_model::recording_time_column, QHeaderView::Stretch);
-    header->setSectionResizeMode(table_data_model::new_recording_time_column,
-                                 QHeaderView::Stretch);
+    header->setSectionResizeMode(table_data_model::new_recording_time_column, QHeaderView::Stretch);
     QStyle *header_style = QStyleFactory::create("fusion");
     header_style->setParent(header);
     header->setStyle(header_style);

@@ -15,7 +15,7 @@ namespace orv
 {
 class button_dark;
 class progress_dialog;
-}
+}  // namespace orv
 
 /// The program's window: builds the screen and turns clicks into commands.
 ///
@@ -36,8 +36,8 @@ public:
     /// What an undo of a fix of this loaded file needs. Reads `exif_cache` alone.
     QList<undo_entry> capture_undo_entries(QString path);
 
-    main_window_form *ui = nullptr;            ///< owned
-    table_data_model *model = nullptr;         ///< lives to the end of the process
+    main_window_form *ui = nullptr;                 ///< owned
+    table_data_model *model = nullptr;              ///< lives to the end of the process
     orv::progress_dialog *progress_fix = nullptr;   ///< child of this; for fix and undo
     orv::progress_dialog *progress_load = nullptr;  ///< child of this
 

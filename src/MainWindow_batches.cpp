@@ -131,8 +131,8 @@ QStringList MainWindow::fix_all_rows()
 bool MainWindow::fix_photo(const photo_row &photo)
 {
     const QList<undo_entry> entries = capture_undo_entries(photo.path);
-    const tag_map tags = fix_tags(cached_tags(photo.path), photo.new_time, model->alter_timezone,
-                                  model->timezone);
+    const tag_map tags =
+        fix_tags(cached_tags(photo.path), photo.new_time, model->alter_timezone, model->timezone);
     if (!orv::exiftool::instance()->write_tags(photo.path, tags))
         return false;
     undo_map[photo.path] = entries;

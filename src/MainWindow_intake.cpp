@@ -77,4 +77,7 @@ void MainWindow::start_progress(orv::progress_dialog *dialog, int steps)
     dialog->setRange(0, steps);
     dialog->setValue(0);
     QCoreApplication::processEvents();
+    // With no step to come no value will ever hide it.
+    if (steps == 0)
+        dialog->reset();
 }

@@ -67,10 +67,10 @@ QString composed_iptc_time(const photo_tags &photo)
     const int offset_hours = to_int(zone, 0);
     const QString reported = QString::fromStdString(text(photo.raw_tags, iptc_time_tag));
     const QTime time = QTime::fromString(without_zone(reported), "hh:mm:ss");
-    const QDateTime date_time =
-        zone.empty() ? QDateTime(date, time, Qt::LocalTime)
-                     : QDateTime(date, time, Qt::OffsetFromUTC,
-                                 wrapped_product(offset_hours, seconds_per_hour));
+    const QDateTime date_time = zone.empty()
+                                    ? QDateTime(date, time, Qt::LocalTime)
+                                    : QDateTime(date, time, Qt::OffsetFromUTC,
+                                                wrapped_product(offset_hours, seconds_per_hour));
     const auto offset = static_cast<float>(date_time.timeZone().offsetFromUtc(date_time));
     return date_time.toString(date_time_format) + timezone_text(offset / 3600.0F);
 }
@@ -88,14 +88,10 @@ undo_entry entry_for(const QString &tag, const photo_tags &photo)
 
 QStringList candidate_tags(const tag_map &record)
 {
-    QStringList tags = {exif_recording_tag,
-                        "ExifIFD:CreateDate",
-                        "IFD0:ModifyDate",
-                        "XMP-photoshop:DateCreated",
-                        iptc_date_tag,
-                        iptc_time_tag,
-                        "System:FileModifyDate",
-                        "System:FileInodeChangeDate",
+    QStringList tags = {exif_recording_tag,      "ExifIFD:CreateDate",
+                        "IFD0:ModifyDate",       "XMP-photoshop:DateCreated",
+                        iptc_date_tag,           iptc_time_tag,
+                        "System:FileModifyDate", "System:FileInodeChangeDate",
                         "System:FileCreateDate"};
     // The tool reports the inode's date for each file, but nothing can set it.
     tags.removeAll("System:FileInodeChangeDate");

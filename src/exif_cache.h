@@ -29,8 +29,8 @@ public:
 
     /// The derived record of each file. The keys: `rec_year`, `rec_month`, `rec_day`, `rec_hour`,
     /// `rec_minute`, `rec_second` (the recording time as it stands in the file, absent where it has
-    /// none); `DateTimeOriginalInIFD0` ("true", or absent); `has_iptc_date`, `has_iptc_time` ("true"
-    /// or "false"); `iptc_timezone` (sign and hours as in "+02:00", absent without a sign);
+    /// none); `DateTimeOriginalInIFD0` ("true", or absent); `has_iptc_date`, `has_iptc_time`
+    /// ("true" or "false"); `iptc_timezone` (sign and hours as in "+02:00", absent without a sign);
     /// `ipct_timezone` (always empty); `has_data` ("true").
     std::map<std::string, tag_map> records;
 

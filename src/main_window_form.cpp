@@ -106,8 +106,7 @@ void main_window_form::build_drop_area()
     verticalLayout_2->setSpacing(6);
     verticalLayout_2->setContentsMargins(11, 11, 11, 11);
 
-    verticalLayout_2->addItem(
-        new QSpacerItem(20, 20, QSizePolicy::Minimum, QSizePolicy::Fixed));
+    verticalLayout_2->addItem(new QSpacerItem(20, 20, QSizePolicy::Minimum, QSizePolicy::Fixed));
     dropper_controls = add_widget<QWidget>(widget, "dropper_controls");
     dropper_controls->setStyleSheet(controls_sheet);
     verticalLayout_2->addWidget(dropper_controls);

@@ -150,16 +150,15 @@ QDateTime table_data_model::recording_time(const QString &path) const
 
 QDateTime table_data_model::new_recording_time(const QString &path) const
 {
-    return shifted_time(recording_time(path), {year, month, day, hour, minute, second,
-                                               alter_timezone, timezone});
+    return shifted_time(recording_time(path),
+                        {year, month, day, hour, minute, second, alter_timezone, timezone});
 }
 
 QString table_data_model::zone_text_for(const QString &path, bool apply_offset) const
 {
     const tag_map record = exif_cache::instance()->record_copy(path);
     const auto found = record.find("iptc_timezone");
-    const QString zone =
-        found == record.end() ? QString() : QString::fromStdString(found->second);
+    const QString zone = found == record.end() ? QString() : QString::fromStdString(found->second);
     if (apply_offset && alter_timezone)
         return timezone_text(moved_zone_hours(zone, timezone));
     return zone;

@@ -61,10 +61,10 @@ public:
     /// zone in the shift the zone moved by that.
     QString zone_text_for(const QString &path, bool apply_offset) const;
 
-    QStringList files;                           ///< full paths, in the order of the rows
+    QStringList files;                              ///< full paths, in the order of the rows
     Qt::SortOrder sort_order = Qt::AscendingOrder;  ///< of the last sort carried out
-    int sort_column = -1;                        ///< of the last sort carried out; -1: none yet
-    QString display_format;                      ///< for QDateTime::toString
+    int sort_column = -1;                           ///< of the last sort carried out; -1: none yet
+    QString display_format;                         ///< for QDateTime::toString
     QFont header_font;
 
     int year = 0;  ///< the shift, with the next seven: see `time_offset`

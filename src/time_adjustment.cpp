@@ -7,6 +7,7 @@
 #include <QIntValidator>
 #include <QLabel>
 #include <QLocale>
+#include <QPalette>
 
 namespace
 {
@@ -14,6 +15,8 @@ namespace
 constexpr double smallest_zone_hours = -12.0;
 constexpr double greatest_zone_hours = 14.0;
 constexpr int zone_decimals = 2;
+
+const QColor placeholder_colour(129, 136, 133);
 
 }  // namespace
 
@@ -89,6 +92,18 @@ void time_adjustment::on_lineedit_timezone_textChanged(const QString &arg1)
     if (!ok)
         timezone = QLocale().toDouble(arg1);
     emit_offset();
+}
+
+/// A style sheet gives placeholders the colour of the text when the fields are polished, which has
+/// happened by now.
+void time_adjustment::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    for (orv::lineedit *field : ui->fields()) {
+        QPalette palette = field->palette();
+        palette.setColor(QPalette::PlaceholderText, placeholder_colour);
+        field->setPalette(palette);
+    }
 }
 
 /// The validators have no parent and live to the end of the process.

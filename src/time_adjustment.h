@@ -52,6 +52,9 @@ public slots:
     void on_lineedit_second_textChanged(const QString &arg1);
     void on_lineedit_timezone_textChanged(const QString &arg1);
 
+protected:
+    void showEvent(QShowEvent *event) override;
+
 private:
     void add_validators();
     void take(int &field, const QString &text);

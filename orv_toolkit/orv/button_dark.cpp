@@ -28,9 +28,8 @@ constexpr char face_sheet[] =
     "QToolTip{border:1px solid rgb(99,99,99);background-image:none;"
     "background-color:rgb(47,47,47);}";
 
-constexpr char checked_face_sheet[] =
-    "QPushButton::checked{border-style:none;border-width:3px;"
-    "border-image:url(:/gui/button/%1_pressed.png) 3 stretch;}";
+constexpr char checked_face_sheet[] = "QPushButton::checked{border-style:none;border-width:3px;"
+                                      "border-image:url(:/gui/button/%1_pressed.png) 3 stretch;}";
 
 constexpr double frame_width_px = 2.0;
 const QColor frame_colour(129, 136, 133, 255);
@@ -142,8 +141,7 @@ button_dark::img_highlighter::get_custom_paint_ex(int x, int y)
     return [this, x, y](QPainter &painter, QPushButton *button) {
         const auto *bd = qobject_cast<button_dark *>(button);
         if (!bd)
-            qor::assertion_failed("bd", "../orv_toolkit/orv/button_dark", 211,
-                                  __PRETTY_FUNCTION__);
+            qor::assertion_failed("bd", "../orv_toolkit/orv/button_dark", 211, __PRETTY_FUNCTION__);
         if (const QImage *image = image_for(*bd)) {
             const int left = x == -1 ? centred(bd->width(), image_normal->width()) : x;
             const int top = y == -1 ? centred(bd->height(), image_normal->height()) : y;

@@ -48,12 +48,12 @@ public:
 
         pixel_argb normal_colour;
         pixel_argb hot_colour;
-        QString path;                      ///< of a resource
-        QImage *image_normal = nullptr;    ///< owned, like the next two
+        QString path;                    ///< of a resource
+        QImage *image_normal = nullptr;  ///< owned, like the next two
         QImage *image_hot = nullptr;
         QImage *image_disabled = nullptr;
-        int image_width = 0;               ///< pixels
-        bool tinted = false;               ///< false: recoloured flat
+        int image_width = 0;  ///< pixels
+        bool tinted = false;  ///< false: recoloured flat
 
     private:
         const QImage *image_for(const button_dark &button) const;

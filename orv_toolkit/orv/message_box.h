@@ -45,8 +45,7 @@ private:
     message_box(QWidget *parent, Icon icon, const QString &title, const QString &text,
                 StandardButtons buttons, int default_button);
 
-    static void add_standard_buttons(QMessageBox &box, StandardButtons buttons,
-                                     int default_button);
+    static void add_standard_buttons(QMessageBox &box, StandardButtons buttons, int default_button);
     StandardButton ask();
 };
 

@@ -21,8 +21,7 @@ void progress_dialog::set_up(const QString &title, const QString &label, const Q
 {
     setStyleSheet(dialog_sheet);
     // Both flags stand in those of a fresh dialog, so both go.
-    setWindowFlags(windowFlags() ^
-                   (Qt::WindowContextHelpButtonHint | Qt::WindowCloseButtonHint));
+    setWindowFlags(windowFlags() ^ (Qt::WindowContextHelpButtonHint | Qt::WindowCloseButtonHint));
     setWindowTitle(title);
     setLabelText(label);
     setCancelButton(nullptr);

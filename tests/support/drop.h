@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QStringList>
+#include <QUrl>
+#include <QWidget>
+
+/// Hands a drag with `data` to the widget's own handlers, as the window system would: an entry
+/// and, if the widget takes it, a drop. Returns whether it did.
+inline bool drop_on(QWidget &widget, const QMimeData &data)
+{
+    const QPoint place = widget.rect().center();
+    QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    enter.ignore();
+    static_cast<QObject &>(widget).event(&enter);
+    if (!enter.isAccepted())
+        return false;
+    QDropEvent drop(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    static_cast<QObject &>(widget).event(&drop);
+    return true;
+}
+
+inline bool drop_on(QWidget &widget, const QStringList &paths)
+{
+    QList<QUrl> urls;
+    for (const QString &path : paths)
+        urls << QUrl::fromLocalFile(path);
+    QMimeData data;
+    data.setUrls(urls);
+    return drop_on(widget, data);
+}

@@ -1,0 +1,57 @@
+#include "outside_run.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+#include <QProcess>
+
+#include <unistd.h>
+
+// On the disk of the build, so that big programs can be linked instead of copied.
+outside_run::outside_run(const QString &source)
+    : folder(QCoreApplication::applicationDirPath() + "/run-XXXXXX"),
+      program(folder.filePath(QFileInfo(source).fileName()))
+{
+    place(source, program);
+}
+
+void outside_run::use_stand_in()
+{
+    place(STAND_IN_PROGRAM, tool_path());
+}
+
+void outside_run::use_real_tool()
+{
+    if (!QFile::link(EXIFTOOL_PROGRAM, tool_path()))
+        qFatal("can't link the tool");
+}
+
+QString outside_run::tool_path() const
+{
+    return folder.filePath("exiftool.exe");
+}
+
+outside_result outside_run::run(const QStringList &arguments, int limit_ms) const
+{
+    QProcess process;
+    process.start(program, arguments);
+    outside_result result;
+    result.timed_out = !process.waitForFinished(limit_ms);
+    if (result.timed_out) {
+        process.kill();
+        process.waitForFinished();
+    } else if (process.exitStatus() == QProcess::NormalExit) {
+        result.status = process.exitCode();
+    }
+    result.output = process.readAllStandardOutput();
+    result.errors = process.readAllStandardError();
+    return result;
+}
+
+/// A hard link where it can be, since a program finds its folder through the name it was run by.
+void outside_run::place(const QString &source, const QString &target) const
+{
+    if (link(QFile::encodeName(source), QFile::encodeName(target)) != 0 &&
+        !QFile::copy(source, target))
+        qFatal("can't place %s", qPrintable(target));
+}

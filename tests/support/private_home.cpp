@@ -1,0 +1,34 @@
+#include "private_home.h"
+
+#include <QDir>
+#include <QFile>
+#include <QSettings>
+
+private_home::private_home()
+{
+    const struct {
+        const char *variable;
+        const char *name;
+    } places[] = {{"HOME", "home"},
+                  {"XDG_CONFIG_HOME", "config"},
+                  {"XDG_DATA_HOME", "data"},
+                  {"XDG_CACHE_HOME", "cache"},
+                  {"XDG_RUNTIME_DIR", "runtime"},
+                  {"TMPDIR", "tmp"}};
+    for (const auto &place : places) {
+        QDir(folder.path()).mkdir(place.name);
+        qputenv(place.variable, QFile::encodeName(folder.filePath(place.name)));
+    }
+    QFile::setPermissions(folder.filePath("runtime"),
+                          QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    const QString config = folder.filePath("config");
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, config);
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, config);
+}
+
+void clear_settings()
+{
+    QSettings settings;
+    settings.clear();
+    settings.sync();
+}

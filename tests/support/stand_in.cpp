@@ -1,0 +1,195 @@
+// A scripted stand-in for the metadata tool. It records every byte that it receives and answers as
+// the files in the folder named by KELVRA_STAND_IN tell it; see scripted_tool.h for these files.
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <map>
+#include <sstream>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace
+{
+
+std::string folder;
+
+bool exists(const std::string &path)
+{
+    return access(path.c_str(), F_OK) == 0;
+}
+
+std::string contents(const std::string &path)
+{
+    std::ifstream file(path, std::ios::binary);
+    std::ostringstream text;
+    text << file.rdbuf();
+    return text.str();
+}
+
+void write_all(int descriptor, const std::string &bytes)
+{
+    std::size_t done = 0;
+    while (done < bytes.size()) {
+        const ssize_t count = write(descriptor, bytes.data() + done, bytes.size() - done);
+        if (count <= 0)
+            std::exit(1);
+        done += static_cast<std::size_t>(count);
+    }
+}
+
+void append(const std::string &name, const std::string &bytes)
+{
+    const int file =
+        open((folder + "/" + name).c_str(), O_WRONLY | O_CREAT | O_APPEND, S_IRUSR | S_IWUSR);
+    write_all(file, bytes);
+    close(file);
+}
+
+/// `text` with \n, \r, \t, \0 and \\ replaced by what they stand for.
+std::string unescaped(const std::string &text)
+{
+    static const std::map<char, char> escapes = {
+        {'n', '\n'}, {'r', '\r'}, {'t', '\t'}, {'0', '\0'}, {'\\', '\\'}};
+    std::string plain;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == '\\' && i + 1 < text.size())
+            plain += escapes.at(text[++i]);
+        else
+            plain += text[i];
+    }
+    return plain;
+}
+
+void run_action(const std::string &line)
+{
+    const std::size_t blank = line.find(' ');
+    const std::string verb = line.substr(0, blank);
+    const std::string rest = blank == std::string::npos ? "" : line.substr(blank + 1);
+    if (verb == "out")
+        write_all(STDOUT_FILENO, unescaped(rest));
+    else if (verb == "err")
+        write_all(STDERR_FILENO, unescaped(rest));
+    else if (verb == "fill")
+        write_all(STDOUT_FILENO, std::string(std::stoul(rest), 'x'));
+    else if (verb == "fill_err")
+        write_all(STDERR_FILENO, std::string(std::stoul(rest), 'x'));
+    else if (verb == "wait")
+        std::this_thread::sleep_for(std::chrono::milliseconds(std::stoi(rest)));
+    else if (verb == "touch")
+        append(rest, "");
+    else if (verb == "exit")
+        std::_Exit(std::stoi(rest));
+    else if (verb == "hang")
+        for (;;)
+            pause();
+    else
+        append("unknown_actions", line + "\n");
+}
+
+void run_script(const std::string &script)
+{
+    std::istringstream lines(script);
+    for (std::string line; std::getline(lines, line);)
+        run_action(line);
+}
+
+std::string file_name(const std::string &path)
+{
+    return path.substr(path.rfind('/') + 1);
+}
+
+/// The photo of a request: the first line that is neither empty nor an option, or the line behind
+/// an empty one, so that a name may begin with a dash.
+std::string photo_of(const std::vector<std::string> &request)
+{
+    for (std::size_t i = 0; i + 1 < request.size(); ++i) {
+        if (request[i].empty())
+            return request[i + 1];
+    }
+    return "";
+}
+
+void answer(const std::vector<std::string> &request)
+{
+    bool writes = false;
+    for (const std::string &line : request)
+        writes = writes || line == "-overwrite_original_in_place";
+    const std::string name = file_name(photo_of(request));
+    std::string reply;
+    if (!writes)
+        reply = contents(folder + "/tags/" + name);
+    else if (exists(folder + "/failing/" + name))
+        reply = "    0 image files updated\n    1 files weren't updated due to errors\n";
+    else
+        reply = "    1 image files updated\n";
+    write_all(STDOUT_FILENO, reply + "{ready}\n");
+}
+
+void serve(const std::vector<std::string> &request, int number)
+{
+    const std::string next = folder + "/script/next";
+    const std::string numbered = folder + "/script/" + std::to_string(number);
+    if (exists(next)) {
+        const std::string script = contents(next);
+        unlink(next.c_str());
+        run_script(script);
+    } else if (exists(numbered)) {
+        run_script(contents(numbered));
+    } else {
+        answer(request);
+    }
+}
+
+void quit()
+{
+    const std::string script = folder + "/script/quit";
+    if (exists(script))
+        run_script(contents(script));
+    std::exit(0);
+}
+
+}  // namespace
+
+int main(int argc, char **argv)
+{
+    const char *named_folder = std::getenv("KELVRA_STAND_IN");
+    if (!named_folder)
+        return 2;
+    folder = named_folder;
+    for (int i = 1; i < argc; ++i)
+        append("arguments", std::string(argv[i]) + "\n");
+    append("starts", std::to_string(getpid()) + "\n");
+    if (exists(folder + "/script/start"))
+        run_script(contents(folder + "/script/start"));
+
+    std::string pending;
+    std::vector<std::string> request;
+    int number = 0;
+    char buffer[65536];
+    for (;;) {
+        const ssize_t count = read(STDIN_FILENO, buffer, sizeof buffer);
+        if (count <= 0)
+            return 0;
+        const std::string bytes(buffer, static_cast<std::size_t>(count));
+        append("input", bytes);
+        pending += bytes;
+        for (std::size_t end = pending.find('\n'); end != std::string::npos;
+             end = pending.find('\n')) {
+            request.push_back(pending.substr(0, end));
+            pending.erase(0, end + 1);
+            const std::size_t size = request.size();
+            if (size >= 2 && request[size - 2] == "-stay_open" && request[size - 1] == "False")
+                quit();
+            if (request.back() == "-execute") {
+                serve(request, ++number);
+                request.clear();
+            }
+        }
+    }
+}
