@@ -1,6 +1,7 @@
 #include "MainWindow.h"
 
 #include "folder_files.h"
+#include "main_window_form.h"
 #include "orv/progress_dialog.h"
 #include "orv/tag_catalogue.h"
 #include "table_data_model.h"
@@ -11,6 +12,7 @@
 #include <QFileOpenEvent>
 #include <QSettings>
 #include <QStandardPaths>
+#include <QTableView>
 
 namespace
 {
@@ -40,12 +42,15 @@ bool MainWindow::event(QEvent *e)
 void MainWindow::load_files(QStringList filenames)
 {
     start_progress(progress_load, filenames.size());
+    // Painting the table for each row would cost as much time as the tool takes for a file.
+    ui->tableView->setUpdatesEnabled(false);
     int loaded = 0;
     for (const QString &file : filenames) {
         model->add_file(file, true);
         progress_load->setValue(++loaded);
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, repaint_limit_ms);
     }
+    ui->tableView->setUpdatesEnabled(true);
     model->resort();
 }
 

@@ -1,0 +1,41 @@
+#!/bin/sh
+# Installs the Debian packages that are missing, and says which.
+#
+# usage: packaging/install_packages.sh build [test]
+#   build  what building and running Kelvra takes
+#   test   what its tests and the virtual display take besides
+set -eu
+
+build_packages="cmake g++ ninja-build qtbase5-dev qttools5-dev qttools5-dev-tools
+    libimage-exiftool-perl qttranslations5-l10n fonts-freefont-ttf"
+test_packages="tzdata xauth xvfb"
+
+is_installed() {
+    [ "$(dpkg-query --show --showformat='${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
+}
+
+missing=""
+for set in "$@"; do
+    case $set in
+    build) packages=$build_packages ;;
+    test) packages=$test_packages ;;
+    *)
+        echo "unknown set of packages: $set" >&2
+        exit 2
+        ;;
+    esac
+    for package in $packages; do
+        is_installed "$package" || missing="$missing $package"
+    done
+done
+[ -n "$missing" ] || exit 0
+
+echo "Installing missing Debian packages:$missing"
+as_root=""
+if [ "$(id -u)" -ne 0 ]; then
+    as_root=sudo
+    echo "(this asks for your password where sudo needs it)"
+fi
+$as_root apt-get update
+# shellcheck disable=SC2086  # the list is split on purpose
+$as_root env DEBIAN_FRONTEND=noninteractive apt-get install --yes --no-install-recommends $missing
