@@ -4,10 +4,6 @@
 <context>
     <name>MainWindow</name>
     <message>
-        <source>Kelvra</source>
-        <translation>Kelvra</translation>
-    </message>
-    <message>
         <source>Change the timestamps of the photos by this value (positive and negative values can be used)</source>
         <translation>Ändert die Zeitstempel der Fotos um den hier angegebenen Wert (positive sowie negative Zahlen sind möglich)</translation>
     </message>
