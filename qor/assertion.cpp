@@ -8,11 +8,22 @@
 namespace qor
 {
 
-void assertion_failed(const char *expression, const char *file, int line, const char *function)
+namespace
+{
+
+std::string report(const char *expression, const char *file, int line, const char *function)
 {
     const std::string place = std::string(file) + ":" + std::to_string(line) + " in " + function;
-    fatal_text = std::string("assert \"") + expression + "\" failed at " + place + "\n" +
-                 stacktrace::trace_text() + "\n";
+    return std::string("assert \"") + expression + "\" failed at " + place + "\n" +
+           stacktrace::trace_text() + "\n";
+}
+
+}  // namespace
+
+void assertion_failed(const char *expression, const char *file, int line, const char *function)
+{
+    // No object with a destructor may be alive here: the exit may be a jump.
+    fatal_text = report(expression, file, line, function);
     fatal_exit();
 }
 

@@ -11,9 +11,8 @@ namespace qor
 
 exception::exception(std::string reason) : message(std::move(reason))
 {
-    const std::string report = message + "\n" + stacktrace::trace_text() + "\n";
-    std::cerr << report << std::endl;
-    fatal_text = report;
+    fatal_text = message + "\n" + stacktrace::trace_text() + "\n";
+    std::cerr << fatal_text << std::endl;
     fatal_exit();
 }
 

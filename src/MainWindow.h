@@ -97,5 +97,8 @@ private:
     QStringList fix_all_rows();
     bool fix_photo(const photo_row &photo);
     bool keeps_changes(const QStringList &failed_files);
+
+    /// Shows the dialog of a batch. Its owner resets it at the end: a batch without a step, or one
+    /// that an emptied table ends, never reaches the value that hides it.
     void start_progress(orv::progress_dialog *dialog, int steps);
 };

@@ -24,7 +24,7 @@ namespace
 photo_tags cached_tags(const QString &path)
 {
     const auto cache = exif_cache::instance();
-    return {cache->raw_tags[path.toStdString()], cache->record_copy(path)};
+    return {cache->raw_tags_copy(path), cache->record_copy(path)};
 }
 
 }  // namespace
@@ -37,6 +37,7 @@ void MainWindow::on_button_fix_time_clicked()
     button_undo->setEnabled(false);
     start_progress(progress_fix, model->rowCount());
     const QStringList failed_files = fix_all_rows();
+    progress_fix->reset();
     if (!failed_files.isEmpty() && !keeps_changes(failed_files))
         on_button_undo_clicked();
     button_undo->setEnabled(!undo_map.isEmpty());
@@ -54,6 +55,7 @@ void MainWindow::on_button_undo_clicked()
         progress_fix->setValue(++done);
         QCoreApplication::processEvents();
     }
+    progress_fix->reset();
     undo_map.clear();
     button_undo->setEnabled(false);
 }

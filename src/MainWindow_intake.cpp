@@ -50,6 +50,7 @@ void MainWindow::load_files(QStringList filenames)
         progress_load->setValue(++loaded);
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, repaint_limit_ms);
     }
+    progress_load->reset();
     ui->tableView->setUpdatesEnabled(true);
     model->resort();
 }
@@ -82,7 +83,4 @@ void MainWindow::start_progress(orv::progress_dialog *dialog, int steps)
     dialog->setRange(0, steps);
     dialog->setValue(0);
     QCoreApplication::processEvents();
-    // With no step to come no value will ever hide it.
-    if (steps == 0)
-        dialog->reset();
 }

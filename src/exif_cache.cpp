@@ -13,6 +13,12 @@ namespace
 const std::string exif_recording_tag = "ExifIFD:DateTimeOriginal";
 const std::string ifd0_recording_tag = "IFD0:DateTimeOriginal";
 
+tag_map copy_of(const std::map<std::string, tag_map> &files, const QString &path)
+{
+    const auto found = files.find(path.toStdString());
+    return found == files.end() ? tag_map() : found->second;
+}
+
 /// Ends the program if `parts` aren't three, in every build: going on would shift a wrong time.
 /// The report is in the words of the runtime's assertion, and the crash report follows it.
 void require_three_parts(const std::vector<qor::string> &parts, const char *check, int line,
@@ -64,9 +70,14 @@ void exif_cache::load(const std::string &path)
     records[path]["has_data"] = "true";
 }
 
-tag_map exif_cache::record_copy(const QString &path)
+tag_map exif_cache::record_copy(const QString &path) const
 {
-    return records[path.toStdString()];
+    return copy_of(records, path);
+}
+
+tag_map exif_cache::raw_tags_copy(const QString &path) const
+{
+    return copy_of(raw_tags, path);
 }
 
 void exif_cache::parse_recording_date(const std::string &path, const std::string &value)

@@ -1,30 +1,27 @@
 #include "zone_text.h"
 
+#include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace
 {
 
-/// `value` cut toward zero; the nearest int where it doesn't fit, 0 where it is no number.
-int truncated(double value)
+// The last float below the end of a 32-bit int.
+constexpr float greatest_hours = 2147483520.0F;
+
+float bounded(float hours)
 {
-    if (std::isnan(value))
-        return 0;
-    if (value >= std::numeric_limits<int>::max())
-        return std::numeric_limits<int>::max();
-    if (value <= -std::numeric_limits<int>::max())
-        return -std::numeric_limits<int>::max();
-    return static_cast<int>(value);
+    return std::isnan(hours) ? 0.0F : std::clamp(hours, -greatest_hours, greatest_hours);
 }
 
 }  // namespace
 
 QString timezone_text(float hours)
 {
-    const int whole = truncated(hours);
-    const float fraction = hours - static_cast<float>(whole);
-    const int minutes = truncated(std::abs(static_cast<double>(fraction)) * 60.0);
+    const float cut_hours = bounded(hours);
+    const int whole = static_cast<int>(cut_hours);
+    const float fraction = cut_hours - static_cast<float>(whole);
+    const int minutes = static_cast<int>(std::abs(static_cast<double>(fraction)) * 60.0);
     const QString sign = hours >= 0 ? "+" : "-";
     return QString("%1%2:%3")
         .arg(sign)

@@ -2,8 +2,8 @@
 
 #include <QString>
 
-/// The zone as text, such as "+05:30" for 5.5. Minutes are cut off, not rounded; hours that an int
-/// doesn't hold count as the nearest that it does.
+/// The zone as text, such as "+05:30" for 5.5. Minutes are cut off, not rounded; hours
+/// beyond an int count as the greatest that it holds, what is no number as 0.
 QString timezone_text(float hours);
 
 /// The hours of a zone text of the form sign, two digits, colon, two digits. Digits elsewhere are
