@@ -1,6 +1,7 @@
 // Dies in the way that its argument names, so that a test can read the report from outside.
 //
-// usage: crash_probe signal NUMBER [FRAMES] | exception | assertion | jump | atexit | icon
+// usage: crash_probe signal NUMBER [FRAMES] | exception [FRAMES] | assertion [FRAMES] | uncaught |
+//                    jump | atexit | icon
 
 #include "orv/button_dark.h"
 #include "qor/assertion.h"
@@ -14,22 +15,25 @@
 
 #include <csignal>
 #include <cstdlib>
+#include <functional>
 #include <iostream>
+#include <stdexcept>
 #include <string>
 
 namespace
 {
 
-void raise_below_frames(int number, int frames)
+/// Runs `end` with so many frames on the stack.
+void run_below_frames(int frames, const std::function<void()> &end)
 {
     if (frames == 0) {
         qor::stacktrace::instance();
-        std::raise(number);
+        end();
         return;
     }
     const std::string name = "frame_" + std::to_string(frames);
     const qor::trace_scope frame("probe.cpp", frames, name.c_str());
-    raise_below_frames(number, frames - 1);
+    run_below_frames(frames - 1, end);
 }
 
 void paint_icon_on_a_foreign_button(int argc, char **argv)
@@ -55,17 +59,21 @@ void survive_by_jump()
 int main(int argc, char **argv)
 {
     const std::string way = argc > 1 ? argv[1] : "";
+    const auto number_at = [&](int index) { return argc > index ? std::stoi(argv[index]) : 0; };
     if (way == "signal")
-        raise_below_frames(std::stoi(argv[2]), argc > 3 ? std::stoi(argv[3]) : 0);
+        run_below_frames(number_at(3), [&] { std::raise(number_at(2)); });
     else if (way == "exception")
-        throw qor::exception("misuse");
+        run_below_frames(number_at(2), [] { throw qor::exception("misuse"); });
     else if (way == "assertion")
-        qor::assertion_failed("a == b", "probe.cpp", 7, "int probe()");
+        run_below_frames(number_at(2),
+                         [] { qor::assertion_failed("a == b", "probe.cpp", 7, "int probe()"); });
+    else if (way == "uncaught")
+        run_below_frames(1, [] { throw std::runtime_error("stray"); });
     else if (way == "jump")
         survive_by_jump();
     else if (way == "atexit") {
         std::atexit([] { std::cout << "atexit ran" << std::endl; });
-        raise_below_frames(SIGTERM, 0);
+        run_below_frames(0, [] { std::raise(SIGTERM); });
     } else if (way == "icon")
         paint_icon_on_a_foreign_button(argc, argv);
     return 0;

@@ -1,0 +1,135 @@
+// Stands in for the user of a program that runs outside of the test: Qt loads this as a generic
+// plugin into the program itself (QT_QPA_GENERIC_PLUGINS), so the program stays as it is.
+//
+// Once its main window is on the screen and all its events are served, it prints "shown" and does
+// what INSIDE_DRIVER says, steps separated by ";":
+//   report      prints what the program's set-up has made of style, identity and texts
+//   open PATH   sends a file-open event to the application object
+//   rows        prints how many rows the table has
+//   hide | close | exit STATUS
+
+#include <QAbstractEventDispatcher>
+#include <QAbstractItemModel>
+#include <QApplication>
+#include <QFileOpenEvent>
+#include <QGenericPlugin>
+#include <QMainWindow>
+#include <QPushButton>
+#include <QStringList>
+#include <QStyle>
+#include <QTableView>
+#include <QTimer>
+
+#include <unistd.h>
+
+#include <iostream>
+
+namespace
+{
+
+constexpr char shown_line[] = "shown\n";
+
+void print(const char *name, const QString &text)
+{
+    std::cout << name << ": " << text.toStdString() << std::endl;
+}
+
+void print_report(const QMainWindow &window)
+{
+    print("organisation", QCoreApplication::organizationName());
+    print("application", QCoreApplication::applicationName());
+    print("version", QCoreApplication::applicationVersion());
+    print("high dpi",
+          QString::number(QCoreApplication::testAttribute(Qt::AA_EnableHighDpiScaling)));
+    print("style", QApplication::style()->metaObject()->className());
+    print("wake-up delay",
+          QString::number(QApplication::style()->styleHint(QStyle::SH_ToolTip_WakeUpDelay)));
+    print("Qt's text", QCoreApplication::translate("QPlatformTheme", "Cancel"));
+    for (const auto *button : window.findChildren<QPushButton *>())
+        print("tool tip", button->toolTip());
+}
+
+class driver : public QObject
+{
+public:
+    driver() : steps(qEnvironmentVariable("INSIDE_DRIVER").split(';', Qt::SkipEmptyParts))
+    {
+        connect(&start, &QTimer::timeout, this, &driver::wait_for_idleness);
+        start.start(0);
+    }
+
+private:
+    void wait_for_idleness()
+    {
+        if (!main_window())
+            return;
+        start.stop();
+        connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
+                &driver::begin);
+    }
+
+    void begin()
+    {
+        QAbstractEventDispatcher::instance()->disconnect(this);
+        // Past the stream's buffer, which a signal behind the write would have flushed once more.
+        if (write(STDOUT_FILENO, shown_line, sizeof shown_line - 1) == -1)
+            qFatal("nobody reads");
+        if (!steps.isEmpty())
+            QTimer::singleShot(0, this, &driver::run_steps);
+    }
+
+    void run_steps()
+    {
+        QMainWindow *window = main_window();
+        for (const QString &step : qAsConst(steps))
+            run(*window, step.section(' ', 0, 0), step.section(' ', 1));
+    }
+
+    static void run(QMainWindow &window, const QString &verb, const QString &argument)
+    {
+        if (verb == "report")
+            print_report(window);
+        else if (verb == "open") {
+            QFileOpenEvent event(argument);
+            QCoreApplication::sendEvent(qApp, &event);
+        } else if (verb == "rows")
+            print("rows", QString::number(window.findChild<QTableView *>()->model()->rowCount()));
+        else if (verb == "hide")
+            window.hide();
+        else if (verb == "close")
+            window.close();
+        else if (verb == "exit")
+            QCoreApplication::exit(argument.toInt());
+        else
+            qFatal("unknown step %s", qPrintable(verb));
+    }
+
+    static QMainWindow *main_window()
+    {
+        for (QWidget *widget : QApplication::topLevelWidgets()) {
+            auto *window = qobject_cast<QMainWindow *>(widget);
+            if (window && window->isVisible())
+                return window;
+        }
+        return nullptr;
+    }
+
+    const QStringList steps;
+    QTimer start;
+};
+
+}  // namespace
+
+class inside_driver : public QGenericPlugin
+{
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "inside_driver.json")
+
+public:
+    QObject *create(const QString & /*key*/, const QString & /*specification*/) override
+    {
+        return new driver;
+    }
+};
+
+#include "inside_driver.moc"

@@ -1,0 +1,325 @@
+#include "captured_output.h"
+#include "orv/exiftool.h"
+#include "scripted_tool.h"
+#include "test_main.h"
+
+#include <QDir>
+#include <QProcess>
+#include <QTextCodec>
+
+#include <type_traits>
+
+using orv::exiftool;
+
+namespace
+{
+
+const QByteArray warning_line = "Warning: Exiftool didn't supply any data in the last 1000 msec.\n";
+
+tag_map read(const QString &path = "/p/photo.jpg")
+{
+    return exiftool::instance()->read_tags(path, true, false);
+}
+
+/// The tags of the next reply as one text.
+QString read_text()
+{
+    QStringList texts;
+    for (const auto &[name, value] : read())
+        texts << QString::fromStdString(name + "=" + value);
+    return texts.join(" ");
+}
+
+/// Makes `codec_name` the system's 8-bit encoding.
+class local_encoding
+{
+public:
+    explicit local_encoding(const char *codec_name) : before(QTextCodec::codecForLocale())
+    {
+        QTextCodec::setCodecForLocale(QTextCodec::codecForName(codec_name));
+    }
+    ~local_encoding() { QTextCodec::setCodecForLocale(before); }
+
+private:
+    QTextCodec *before;
+};
+
+}  // namespace
+
+class test_exiftool_process : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void is_one_shared_object();
+    void adds_nothing_to_the_meta_object();
+    void starts_the_program_beside_its_own();
+    void serves_all_requests_with_one_child();
+    void reply_ends_with_the_marker_data();
+    void reply_ends_with_the_marker();
+    void reply_in_single_bytes_is_put_together();
+    void big_reply_arrives_whole();
+    void big_request_arrives_whole();
+    void quick_reply_says_nothing();
+    void slow_reply_is_warned_of();
+    void ten_seconds_are_waited_for();
+    void standard_error_is_relayed_data();
+    void standard_error_is_relayed();
+    void flood_of_standard_error_is_relayed();
+    void standard_error_decides_nothing();
+    void quiet_tool_is_waited_for_in_silence();
+    void quiet_leaves_standard_error_unread();
+    void request_goes_down_in_the_local_encoding_data();
+    void request_goes_down_in_the_local_encoding();
+    void reply_is_utf8_under_any_local_encoding();
+    void request_runs_no_event_loop();
+
+private:
+    scripted_tool tool;
+};
+
+void test_exiftool_process::init()
+{
+    exiftool::instance();
+    tool.forget();
+}
+
+void test_exiftool_process::cleanup()
+{
+    exiftool::instance()->set_quiet(false);
+}
+
+void test_exiftool_process::is_one_shared_object()
+{
+    const std::shared_ptr<exiftool> first = exiftool::instance();
+    const std::shared_ptr<exiftool> second = exiftool::instance();
+    QCOMPARE(first.get(), second.get());
+    QCOMPARE(first.use_count(), 3L);
+    QVERIFY(!first->parent());
+    QVERIFY(!std::is_copy_constructible_v<exiftool>);
+    QVERIFY(!std::is_move_constructible_v<exiftool>);
+}
+
+void test_exiftool_process::adds_nothing_to_the_meta_object()
+{
+    const QMetaObject &meta = exiftool::staticMetaObject;
+    QCOMPARE(QByteArray(meta.className()), QByteArray("orv::exiftool"));
+    QCOMPARE(meta.methodCount(), meta.methodOffset());
+}
+
+void test_exiftool_process::starts_the_program_beside_its_own()
+{
+    const auto *process =
+        exiftool::instance()->findChild<QProcess *>(QString(), Qt::FindDirectChildrenOnly);
+    QVERIFY(process);
+    read();
+    QCOMPARE(process->program(),
+             QCoreApplication::applicationDirPath() + QDir::separator() + "exiftool.exe");
+    QCOMPARE(tool.arguments(), QStringList({"-stay_open", "True", "-@", "-", "-common_args",
+                                            "-args", "-f", "-sort"}));
+    QCOMPARE(static_cast<int>(process->openMode()), 51);
+    QCOMPARE(process->readChannel(), QProcess::StandardOutput);
+    QCOMPARE(process->workingDirectory(), QString());
+}
+
+void test_exiftool_process::serves_all_requests_with_one_child()
+{
+    for (int i = 0; i < 5; ++i) {
+        read();
+        exiftool::instance()->write_tags("/p/photo.jpg", {});
+    }
+    QCOMPARE(tool.requests().size(), 10);
+    QCOMPARE(tool.process_ids().size(), 1);
+}
+
+// clang-format off
+void test_exiftool_process::reply_ends_with_the_marker_data()
+{
+    QTest::addColumn<QStringList>("script");
+    QTest::addColumn<QString>("tags");
+    QTest::newRow("marker on a line of its own") << QStringList{"out -A=1\\n{ready}\\n"} << "A=1";
+    QTest::newRow("marker without a line end") << QStringList{"out -A=1\\n{ready}"} << "A=1";
+    QTest::newRow("marker alone") << QStringList{"out {ready}\\n"} << "";
+    QTest::newRow("marker in two pieces") << QStringList{"out -A=1\\n{rea", "wait 200", "out dy}\\n"} << "A=1";
+    QTest::newRow("line end comes behind") << QStringList{"out -A=1\\n", "wait 100", "out {ready}", "out \\n"} << "A=1";
+    QTest::newRow("white space behind the marker") << QStringList{"out -A=1\\n{ready} \\t\\r\\n\\n "} << "A=1";
+    QTest::newRow("marker in the middle") << QStringList{"out -A=1\\n{ready}\\n-B=2\\n", "wait 200", "out {ready}\\n"} << "A=1 B=2";
+    QTest::newRow("text behind the marker") << QStringList{"out -A=1\\n{ready} soon\\n", "wait 200", "out -B=2\\n{ready}\\n"} << "A=1 B=2";
+    QTest::newRow("marker in a value") << QStringList{"out -A=x{ready}y\\n", "wait 200", "out {ready}\\n"} << "A=x{ready}y";
+    QTest::newRow("marker at the end of a value") << QStringList{"out -A=1{ready}\\n"} << "A=1{ready}";
+    QTest::newRow("marker in capitals is none") << QStringList{"out -A=1\\n{READY}\\n", "wait 200", "out {ready}\\n"} << "A=1";
+    QTest::newRow("NUL cuts the text") << QStringList{"out -A=1\\n-B=2\\0x\\n-C=3\\n{ready}\\n"} << "A=1 B=2";
+    QTest::newRow("NUL behind the marker isn't white space")
+        << QStringList{"out -A=1\\n{ready}\\0", "wait 200", "out -B=2\\n{ready}\\n"} << "A=1";
+    QTest::newRow("line ends of another system") << QStringList{"out -A=1\\r\\n-B=2\\r\\n{ready}\\r\\n"} << "A=1 B=2";
+}
+// clang-format on
+
+void test_exiftool_process::reply_ends_with_the_marker()
+{
+    QFETCH(QStringList, script);
+    tool.script("next", script);
+    QTEST(read_text(), "tags");
+    QCOMPARE(read_text(), QString());
+}
+
+void test_exiftool_process::reply_in_single_bytes_is_put_together()
+{
+    QStringList script;
+    for (const char *byte : {"-", "A", "=", "1", "\\n", "{", "r", "e", "a", "d", "y", "}", "\\n"})
+        script << QString("out ") + byte << "wait 5";
+    tool.script("next", script);
+    QCOMPARE(read_text(), QString("A=1"));
+}
+
+void test_exiftool_process::big_reply_arrives_whole()
+{
+    tool.script("next", {"out -A=", "fill 1000000", "out \\n{ready}\\n"});
+    QCOMPARE(read()["A"], std::string(1000000, 'x'));
+}
+
+void test_exiftool_process::big_request_arrives_whole()
+{
+    const std::string value(1000000, 'x');
+    const captured_output output;
+    QVERIFY(exiftool::instance()->write_tags("/p/photo.jpg", {{"A", value}}));
+    QCOMPARE(tool.input(), "\n/p/photo.jpg\n-overwrite_original_in_place\n-m\n-A=" +
+                               QByteArray::fromStdString(value) + "\n-execute\n");
+    QVERIFY(!output.text().contains("[write_to_proc]"));
+}
+
+void test_exiftool_process::quick_reply_says_nothing()
+{
+    const captured_output output;
+    read();
+    exiftool::instance()->write_tags("/p/photo.jpg", {{"A", "1"}});
+    QCOMPARE(output.text(), QByteArray());
+}
+
+void test_exiftool_process::slow_reply_is_warned_of()
+{
+    tool.script("next", {"wait 1500", "out -A=1\\n{ready}\\n"});
+    const captured_output output;
+    QCOMPARE(read_text(), QString("A=1"));
+    QVERIFY2(output.text().startsWith(warning_line), output.text());
+}
+
+void test_exiftool_process::ten_seconds_are_waited_for()
+{
+    tool.script("next", {"out -A=1\\n", "wait 10000", "out -B=2\\n{ready}\\n"});
+    const captured_output output;
+    QCOMPARE(read_text(), QString("A=1 B=2"));
+    const int warnings = output.text().count(warning_line);
+    QVERIFY2(warnings >= 8 && warnings <= 11, output.text());
+    QCOMPARE(output.text(), warning_line.repeated(warnings));
+}
+
+void test_exiftool_process::standard_error_is_relayed_data()
+{
+    QTest::addColumn<QString>("words");
+    QTest::addColumn<QByteArray>("line");
+    QTest::newRow("with its line end") << "Error: no\\n" << QByteArray("'Error: no\n'");
+    QTest::newRow("without a line end") << "Error" << QByteArray("'Error'");
+    QTest::newRow("in UTF-8") << "größer" << QByteArray("'größer'");
+    QTest::newRow("up to a NUL") << "Error\\0: no\\n" << QByteArray("'Error'");
+}
+
+void test_exiftool_process::standard_error_is_relayed()
+{
+    QFETCH(QString, words);
+    QFETCH(QByteArray, line);
+    tool.script("next", {"err " + words, "out -A=1\\n{ready}\\n"});
+    const captured_output output;
+    QCOMPARE(read_text(), QString("A=1"));
+    QCOMPARE(output.text(), "[exiftool cerr] " + line + "\n");
+}
+
+void test_exiftool_process::flood_of_standard_error_is_relayed()
+{
+    tool.script("next", {"fill_err 300000", "out -A=1\\n{ready}\\n"});
+    const captured_output output;
+    QCOMPARE(read_text(), QString("A=1"));
+    QByteArray words = output.text();
+    words.replace("[exiftool cerr] '", "").replace("'\n", "");
+    QCOMPARE(words, QByteArray(300000, 'x'));
+}
+
+void test_exiftool_process::standard_error_decides_nothing()
+{
+    tool.script("next", {"err files weren't updated due to errors\\n{ready}\\n", "wait 200",
+                         "out     1 image files updated\\n{ready}\\n"});
+    const captured_output output;
+    QVERIFY(exiftool::instance()->write_tags("/p/photo.jpg", {{"A", "1"}}));
+    QVERIFY(output.text().contains("[exiftool cerr] 'files weren't updated due to errors\n"));
+}
+
+void test_exiftool_process::quiet_tool_is_waited_for_in_silence()
+{
+    exiftool::instance()->set_quiet(true);
+    tool.script("next", {"wait 1500", "fill_err 300000", "out -A=1\\n{ready}\\n"});
+    const captured_output output;
+    QCOMPARE(read_text(), QString("A=1"));
+    QCOMPARE(output.text(), QByteArray());
+
+    auto *process = exiftool::instance()->findChild<QProcess *>();
+    QCOMPARE(process->readAllStandardError().size(), 300000);
+}
+
+void test_exiftool_process::quiet_leaves_standard_error_unread()
+{
+    exiftool::instance()->set_quiet(true);
+    tool.script("next", {"err first ", "out {ready}\\n"});
+    read();
+    exiftool::instance()->set_quiet(false);
+    tool.script("next", {"err second", "out {ready}\\n"});
+    const captured_output output;
+    read();
+    QCOMPARE(output.text(), QByteArray("[exiftool cerr] 'first second'\n"));
+}
+
+void test_exiftool_process::request_goes_down_in_the_local_encoding_data()
+{
+    QTest::addColumn<QByteArray>("encoding");
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QByteArray>("sent");
+    QTest::newRow("UTF-8") << QByteArray("UTF-8") << "/p/ü.jpg" << QByteArray("/p/\xc3\xbc.jpg");
+    QTest::newRow("Latin-1") << QByteArray("ISO-8859-1") << "/p/ü.jpg" << QByteArray("/p/\xfc.jpg");
+    QTest::newRow("outside of Latin-1 it is damaged")
+        << QByteArray("ISO-8859-1") << "/p/日.jpg" << QByteArray("/p/?.jpg");
+}
+
+void test_exiftool_process::request_goes_down_in_the_local_encoding()
+{
+    QFETCH(QByteArray, encoding);
+    QFETCH(QString, path);
+    QFETCH(QByteArray, sent);
+    const local_encoding local(encoding.constData());
+    read(path);
+    QCOMPARE(tool.input(), "-G1\n\n" + sent + "\n-execute\n");
+
+    tool.forget();
+    exiftool::instance()->write_tags("x", {{"A", path.toStdString()}});
+    QCOMPARE(tool.input(), "\nx\n-overwrite_original_in_place\n-m\n-A=" + sent + "\n-execute\n");
+}
+
+void test_exiftool_process::reply_is_utf8_under_any_local_encoding()
+{
+    const local_encoding local("ISO-8859-1");
+    tool.script("next", {"out -A=größer 日\\n{ready}\\n"});
+    QCOMPARE(read_text(), QString("A=größer 日"));
+}
+
+void test_exiftool_process::request_runs_no_event_loop()
+{
+    bool served = false;
+    QTimer::singleShot(0, this, [&] { served = true; });
+    tool.script("next", {"wait 300", "out {ready}\\n"});
+    read();
+    QVERIFY(!served);
+    QTRY_VERIFY(served);
+}
+
+KELVRA_TEST_MAIN(test_exiftool_process)
+#include "test_exiftool_process.moc"
