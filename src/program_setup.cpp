@@ -6,6 +6,7 @@
 #include <QFont>
 #include <QFontDatabase>
 #include <QLibraryInfo>
+#include <QPalette>
 #include <QString>
 #include <QTranslator>
 
@@ -13,6 +14,29 @@ namespace
 {
 
 constexpr int tooltip_delay_ms = 2000;
+
+/// The main window's text colour reaches the file dialog; on light surfaces it couldn't be read.
+QPalette dark_palette()
+{
+    const QColor surface(47, 47, 47);
+    const QColor input(38, 38, 38);
+    const QColor text(198, 213, 210);
+    const QColor disabled_text(100, 100, 100);
+    const QColor link(114, 138, 132);
+
+    QPalette palette(surface);
+    palette.setColor(QPalette::Base, input);
+    palette.setColor(QPalette::AlternateBase, QColor(68, 68, 68));
+    palette.setColor(QPalette::Highlight, text);
+    palette.setColor(QPalette::HighlightedText, Qt::black);
+    palette.setColor(QPalette::Link, link);
+    palette.setColor(QPalette::LinkVisited, link);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(role, text);
+        palette.setColor(QPalette::Disabled, role, disabled_text);
+    }
+    return palette;
+}
 
 /// A catalogue that can't be loaded is no failure: the texts stay English.
 void install_translator(const QString &catalogue, const QString &folder = QString())
@@ -40,6 +64,7 @@ void install_style()
     style->tooltip_cooldown = platform_style->styleHint(QStyle::SH_ToolTip_FallAsleepDelay);
     style->set_tooltip_delay(tooltip_delay_ms);
     QApplication::setStyle(style);
+    QApplication::setPalette(dark_palette());
 }
 
 void install_translators(const QString &language)

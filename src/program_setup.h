@@ -6,8 +6,9 @@ class QString;
 /// object.
 void set_identity();
 
-/// Gives the application the style in which tool tips take two seconds to show. Needs the
-/// application object, which owns the style.
+/// Gives the application the style in which tool tips take two seconds to show, and dark colours for
+/// what has no style sheet of its own, such as the file dialog. Needs the application object, which
+/// owns the style.
 void install_style();
 
 /// Installs the texts of Qt, of the program and of the widget kit in a language such as "de". Texts

@@ -2,6 +2,8 @@
 #include "orv/application_common.h"
 #include "test_main.h"
 
+#include <QFileDialog>
+#include <QPalette>
 #include <QPointer>
 #include <QProxyStyle>
 #include <QSettings>
@@ -79,6 +81,7 @@ private slots:
     void tool_tips_take_two_seconds();
     void tool_tip_waits_for_two_seconds_in_fact();
     void application_owns_the_style();
+    void what_has_no_sheet_is_dark_with_light_text();
     void style_keeps_its_delays_apart();
     void style_answers_other_hints_as_the_platform_does_data();
     void style_answers_other_hints_as_the_platform_does();
@@ -143,6 +146,21 @@ void test_program_setup::application_owns_the_style()
     QVERIFY(qobject_cast<orv::proxy_style *>(first));
     install_style();
     QVERIFY(first.isNull());
+}
+
+void test_program_setup::what_has_no_sheet_is_dark_with_light_text()
+{
+    install_style();
+    const QPalette palette = QFileDialog().palette();
+    const auto lightness = [&palette](QPalette::ColorRole role) {
+        return palette.color(QPalette::Active, role).lightness();
+    };
+    constexpr int readable_distance = 100;
+    QVERIFY(lightness(QPalette::WindowText) - lightness(QPalette::Window) > readable_distance);
+    QVERIFY(lightness(QPalette::Text) - lightness(QPalette::Base) > readable_distance);
+    QVERIFY(lightness(QPalette::ButtonText) - lightness(QPalette::Button) > readable_distance);
+    QVERIFY(lightness(QPalette::Highlight) - lightness(QPalette::HighlightedText) >
+            readable_distance);
 }
 
 void test_program_setup::style_keeps_its_delays_apart()

@@ -126,7 +126,7 @@ class inside_driver : public QGenericPlugin
     Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "inside_driver.json")
 
 public:
-    QObject *create(const QString & /*key*/, const QString & /*specification*/) override
+    QObject *create(const QString & /*key*/, const QString & /*arguments*/) override
     {
         return new driver;
     }
