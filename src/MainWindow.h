@@ -2,6 +2,7 @@
 
 #include "undo_entry.h"
 
+#include <QElapsedTimer>
 #include <QList>
 #include <QMainWindow>
 #include <QMap>
@@ -101,4 +102,10 @@ private:
     /// Shows the dialog of a batch. Its owner resets it at the end: a batch without a step, or one
     /// that an emptied table ends, never reaches the value that hides it.
     void start_progress(orv::progress_dialog *dialog, int steps);
+
+    /// Sets the value. The dialog is painted when a frame's time has passed: for each value it
+    /// would cost a good part of what the tool takes for a file.
+    void step_progress(orv::progress_dialog *dialog, int value);
+
+    QElapsedTimer progress_frame;  ///< since the last painting of a progress dialog
 };

@@ -52,7 +52,7 @@ void MainWindow::on_button_undo_clicked()
     int done = 0;
     for (auto file = batch.begin(); file != batch.end(); ++file) {
         orv::exiftool::instance()->write_tags(file.key(), undo_tags(file.value()));
-        progress_fix->setValue(++done);
+        step_progress(progress_fix, ++done);
         QCoreApplication::processEvents();
     }
     progress_fix->reset();
@@ -124,7 +124,7 @@ QStringList MainWindow::fix_all_rows()
         const bool has_times = photo.old_time.isValid() && photo.new_time.isValid();
         if (has_times && !fix_photo(photo))
             failed_files << photo.path;
-        progress_fix->setValue(row + 1);
+        step_progress(progress_fix, row + 1);
         QCoreApplication::processEvents();
     }
     return failed_files;

@@ -19,6 +19,7 @@ namespace
 
 constexpr char last_load_path_key[] = "last_load_path";
 constexpr int repaint_limit_ms = 50;
+constexpr int frame_length_ms = 20;
 
 /// The patterns of all the files that the metadata tool opens, a blank behind each.
 QString supported_patterns()
@@ -47,7 +48,7 @@ void MainWindow::load_files(QStringList filenames)
     int loaded = 0;
     for (const QString &file : filenames) {
         model->add_file(file, true);
-        progress_load->setValue(++loaded);
+        step_progress(progress_load, ++loaded);
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, repaint_limit_ms);
     }
     progress_load->reset();
@@ -80,7 +81,19 @@ void MainWindow::write_last_load_path()
 
 void MainWindow::start_progress(orv::progress_dialog *dialog, int steps)
 {
+    dialog->setUpdatesEnabled(true);
     dialog->setRange(0, steps);
     dialog->setValue(0);
     QCoreApplication::processEvents();
+    progress_frame.start();
+}
+
+void MainWindow::step_progress(orv::progress_dialog *dialog, int value)
+{
+    const bool frame_is_due =
+        progress_frame.hasExpired(frame_length_ms) || value == dialog->maximum();
+    dialog->setUpdatesEnabled(frame_is_due);
+    dialog->setValue(value);
+    if (frame_is_due)
+        progress_frame.start();
 }
