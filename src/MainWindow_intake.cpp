@@ -46,7 +46,7 @@ void MainWindow::load_files(QStringList filenames)
     // Painting the table for each row would cost as much time as the tool takes for a file.
     ui->tableView->setUpdatesEnabled(false);
     int loaded = 0;
-    for (const QString &file : filenames) {
+    for (const QString &file : qAsConst(filenames)) {
         model->add_file(file, true);
         step_progress(progress_load, ++loaded);
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, repaint_limit_ms);
