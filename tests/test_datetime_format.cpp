@@ -1,4 +1,5 @@
 #include "datetime_format.h"
+#include "grid_place.h"
 #include "orv/radio.h"
 #include "test_main.h"
 
@@ -29,17 +30,6 @@ const QStringList date_buttons = {"rb_ddmmyyyy_slash", "rb_ddmmyyyy_dot", "rb_dd
                                   "rb_yyyymmdd_slash", "rb_yyyymmdd_dot", "rb_yyyymmdd_dash",
                                   "rb_mmddyyyy_slash"};
 const QStringList time_buttons = {"rb_hhmmss", "rb_hhmm"};
-
-/// Row, column, row span and column span of a widget in a grid.
-QVector<int> place_in(QGridLayout *grid, QWidget *widget)
-{
-    int row = -1;
-    int column = -1;
-    int rows = -1;
-    int columns = -1;
-    grid->getItemPosition(grid->indexOf(widget), &row, &column, &rows, &columns);
-    return {row, column, rows, columns};
-}
 
 void check_spacer(QGridLayout *grid, int row, int column, const QSize &size,
                   QSizePolicy::Policy horizontal, QSizePolicy::Policy vertical)

@@ -1,6 +1,22 @@
 #include "stand_in_road.h"
 #include "test_main.h"
 
+namespace
+{
+
+/// An action that clicks only when it is run for the first time, since a batch inside of another
+/// comes by the same values.
+std::function<void()> click_once_soon(QWidget *widget)
+{
+    return [widget, clicked = false]() mutable {
+        if (!clicked)
+            click_soon(widget);
+        clicked = true;
+    };
+}
+
+}  // namespace
+
 /// The events between two rows let the user press anything.
 class test_fix_interruptions : public QObject
 {
@@ -100,13 +116,8 @@ void test_fix_interruptions::cleared_list_before_the_first_row_leaves_nothing_to
 void test_fix_interruptions::second_fix_runs_inside_of_the_first()
 {
     MainWindow &window = *road.window;
-    bool pressed = false;
     progress_watch progress(*window.progress_fix);
-    progress.at(1, [&] {
-        if (!pressed)
-            click_soon(window.button_fix_time);
-        pressed = true;
-    });
+    progress.at(1, click_once_soon(window.button_fix_time));
     click(window.button_fix_time);
     QCOMPARE(road.written_names(), QStringList({"a", "a", "b", "c"}));
     QCOMPARE(window.undo_map.size(), 3);
@@ -161,13 +172,8 @@ void test_fix_interruptions::fix_during_an_undo_leaves_the_undo_its_photos()
     click(window.button_fix_time);
     road.load_dated_photo("d");
     road.tool.forget();
-    bool pressed = false;
     progress_watch progress(*window.progress_fix);
-    progress.at(1, [&] {
-        if (!pressed)
-            click_soon(window.button_fix_time);
-        pressed = true;
-    });
+    progress.at(1, click_once_soon(window.button_fix_time));
     click(window.button_undo);
     QCOMPARE(road.written_names(), QStringList({"a", "d", "b", "c"}));
     QVERIFY(window.undo_map.isEmpty());

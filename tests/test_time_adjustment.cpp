@@ -1,3 +1,4 @@
+#include "grid_place.h"
 #include "orv/lineedit.h"
 #include "test_main.h"
 #include "time_adjustment.h"
@@ -31,17 +32,6 @@ const QStringList field_names = {"lineedit_year",    "lineedit_month",  "lineedi
                                  "lineedit_timezone"};
 const QStringList label_names = {"label",   "label_2", "label_3", "label_4",
                                  "label_5", "label_6", "label_7"};
-
-/// Row, column, row span and column span of a widget in a grid.
-QVector<int> place_in(QGridLayout *grid, QWidget *widget)
-{
-    int row = -1;
-    int column = -1;
-    int rows = -1;
-    int columns = -1;
-    grid->getItemPosition(grid->indexOf(widget), &row, &column, &rows, &columns);
-    return {row, column, rows, columns};
-}
 
 QVector<int> margins_of(const QLayout *layout)
 {
