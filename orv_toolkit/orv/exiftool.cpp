@@ -92,6 +92,9 @@ exiftool::exiftool(construction_key) : ready_marker(ready_text)
     started = proc->waitForStarted(start_timeout_ms);
     if (!started)
         print_line("Error: Could not start Exiftool...");
+    // Left open, the process object would take the bytes of a write although nobody reads them.
+    if (!started && proc->state() == QProcess::NotRunning)
+        proc->close();
 }
 
 exiftool::~exiftool()
