@@ -118,6 +118,8 @@ private slots:
     void panel_frames_its_content();
     void popup_is_twenty_pixels_a_row_data();
     void popup_is_twenty_pixels_a_row();
+    void popup_shows_all_its_rows_data();
+    void popup_shows_all_its_rows();
     void wheel_moves_the_choice_unless_disabled();
     void label_is_clicked_by_the_left_button_alone_data();
     void label_is_clicked_by_the_left_button_alone();
@@ -238,6 +240,34 @@ void test_styled_widgets::popup_is_twenty_pixels_a_row()
     QVERIFY(popup);
     QVERIFY(popup->isVisible());
     QCOMPARE(popup->size(), QSize(plain_width, items * 20));
+    box.hidePopup();
+}
+
+void test_styled_widgets::popup_shows_all_its_rows_data()
+{
+    QTest::addColumn<int>("items");
+    QTest::newRow("one") << 1;
+    QTest::newRow("two languages") << 2;
+    QTest::newRow("five") << 5;
+    QTest::newRow("fifteen") << 15;
+}
+
+void test_styled_widgets::popup_shows_all_its_rows()
+{
+    QFETCH(int, items);
+    orv::combobox box;
+    box.setStyleSheet(orv::combobox::sheet);
+    for (int i = 0; i < items; ++i)
+        box.addItem(QString::number(i));
+    box.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&box));
+    QTest::mouseClick(&box, Qt::LeftButton);
+    const QAbstractItemView *list = box.view();
+    const auto is_inside = [list](int row) {
+        const QRect place = list->visualRect(list->model()->index(row, 0));
+        return place.isValid() && list->viewport()->rect().contains(place);
+    };
+    QTRY_VERIFY(is_inside(0) && is_inside(items - 1));
     box.hidePopup();
 }
 

@@ -1,6 +1,7 @@
 #include "orv/combobox.h"
 
 #include <QFrame>
+#include <QStyledItemDelegate>
 
 namespace orv
 {
@@ -9,8 +10,29 @@ namespace
 {
 
 constexpr int row_height_px = 20;
+constexpr int list_borders_px = 2;
+
+/// Rows that fit into the list with its borders, also into one of a single row. Qt's own delegate
+/// draws them as those of a menu instead: too tall for the list, and past the sheet's rules for
+/// items.
+class row_delegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        return {QStyledItemDelegate::sizeHint(option, index).width(),
+                row_height_px - list_borders_px};
+    }
+};
 
 }  // namespace
+
+combobox::combobox(QWidget *parent) : QComboBox(parent)
+{
+    setItemDelegate(new row_delegate(this));
+}
 
 void combobox::showPopup()
 {

@@ -11,7 +11,7 @@ class combobox : public QComboBox
     Q_OBJECT
 
 public:
-    using QComboBox::QComboBox;
+    explicit combobox(QWidget *parent = nullptr);
 
     /// As QComboBox, then 20 pixels a row whatever `maxVisibleItems` says.
     void showPopup() override;
