@@ -1,0 +1,22 @@
+#pragma once
+
+#include "orv/build_report.h"
+#include "orv/message_box.h"
+#include "when_modal.h"
+
+#include <QString>
+#include <QtTest>
+
+/// Opens the report on what runs here and closes it by its key; its text as it stood there.
+inline QString shown_report()
+{
+    QString text;
+    const when_modal<orv::message_box> answer([&text](orv::message_box &box) {
+        text = box.text();
+        QTest::keyClick(&box, Qt::Key_Return);
+    });
+    orv::show_application_information(nullptr);
+    if (!answer.answered())
+        qFatal("no report was shown");
+    return text;
+}
