@@ -166,6 +166,17 @@ Die EXIF-Zeitstempel können mit einem Aufnahmedatum vor dem 01.01.1972 00:00:00
     </message>
 </context>
 <context>
+    <name>dialog_settings</name>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>Language:</source>
+        <translation>Sprache:</translation>
+    </message>
+</context>
+<context>
     <name>table_data_model</name>
     <message>
         <source>Photos</source>

@@ -1,0 +1,78 @@
+#include "dialog_settings.h"
+
+#include "language_setting.h"
+#include "orv/combobox.h"
+#include "orv/panel.h"
+
+#include <QGridLayout>
+#include <QIcon>
+#include <QLabel>
+
+namespace
+{
+
+constexpr char language_key[] = "lang";
+
+/// A language of the program under its own name, which isn't translated.
+struct language {
+    const char *name;
+    const char *code;  ///< as it is stored
+};
+
+constexpr language languages[] = {{"Deutsch", "de"}, {"English", "en"}};
+
+constexpr int max_visible_languages = 5;
+constexpr int min_language_width_px = 100;
+constexpr int margin_px = 10;
+constexpr int horizontal_spacing_px = 4;
+constexpr int vertical_spacing_px = 8;
+constexpr double width_factor = 1.2;
+
+/// Any other language than German counts as English.
+int current_language_index(const orv::combobox &box)
+{
+    const bool is_german = language_setting(language_key) == "de";
+    return box.findData(is_german ? "de" : "en");
+}
+
+}  // namespace
+
+dialog_settings::dialog_settings(QWidget *parent) : QDialog(parent)
+{
+    setWindowTitle(tr("Settings"));
+    setWindowFlags(windowFlags() & ~Qt::WindowContextHelpButtonHint);
+    auto *grid = new QGridLayout(this);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setSpacing(0);
+    auto *panel = new orv::panel;
+    panel->set_up(make_content(), QString());
+    grid->addWidget(panel, 0, 0);
+    setFixedSize(static_cast<int>(sizeHint().width() * width_factor), sizeHint().height());
+}
+
+QWidget *dialog_settings::make_content()
+{
+    auto *content = new QWidget;
+    auto *grid = new QGridLayout(content);
+    grid->setContentsMargins(margin_px, margin_px, margin_px, margin_px);
+    grid->setHorizontalSpacing(horizontal_spacing_px);
+    grid->setVerticalSpacing(vertical_spacing_px);
+    grid->addWidget(new QLabel(tr("Language:")), 0, 0);
+    grid->addWidget(make_language_box(), 0, 1);
+    return content;
+}
+
+orv::combobox *dialog_settings::make_language_box()
+{
+    auto *box = new orv::combobox;
+    box->setStyleSheet(orv::combobox::sheet);
+    for (const language &each : languages)
+        box->insertItem(box->count(), QIcon(), each.name, each.code);
+    box->setMaxVisibleItems(max_visible_languages);
+    box->setMinimumWidth(min_language_width_px);
+    box->setCurrentIndex(current_language_index(*box));
+    // Connected behind the choice of the current one, which isn't the user's.
+    connect(box, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
+            [this, box] { settings.setValue(language_key, box->currentData().toString()); });
+    return box;
+}
