@@ -1,22 +1,26 @@
 // Dies in the way that its argument names, so that a test can read the report from outside.
 //
 // usage: crash_probe signal NUMBER [FRAMES] | exception [FRAMES] | assertion [FRAMES] | uncaught |
-//                    jump | atexit | icon
+//                    jump | atexit | icon | layout MISUSE | fold MISUSE
 
 #include "orv/button_dark.h"
 #include "qor/assertion.h"
 #include "qor/exception.h"
 #include "qor/fatal.h"
+#include "qor/qt/layout.h"
+#include "qor/qt/widget_fold.h"
 #include "qor/trace_scope.h"
 
 #include <QApplication>
 #include <QImage>
 #include <QPainter>
+#include <QPushButton>
 
 #include <csignal>
 #include <cstdlib>
 #include <functional>
 #include <iostream>
+#include <map>
 #include <stdexcept>
 #include <string>
 
@@ -45,6 +49,48 @@ void paint_icon_on_a_foreign_button(int argc, char **argv)
     QImage canvas(10, 10, QImage::Format_ARGB32);
     QPainter painter(&canvas);
     dark.paint_callback_ex(painter, &plain);
+}
+
+void add_at(qor::qt::layout &grid, int column, int row)
+{
+    grid.add_at(qor::qt::cell(), column, row, false);
+}
+
+void misuse_layout(int argc, char **argv, const std::string &misuse)
+{
+    using qor::qt::layout;
+    const std::map<std::string, std::function<void(layout &)>> misuses = {
+        {"addItem", [](layout &grid) { grid.addItem(nullptr); }},
+        {"addWidget", [](layout &grid) { grid.addWidget(new QWidget(grid.parentWidget())); }},
+        {"row_height", [](layout &grid) { grid.row_height(); }},
+        {"column_width", [](layout &grid) { grid.column_width(); }},
+        {"negative_row",
+         [](layout &grid) {
+             add_at(grid, 0, 0);
+             add_at(grid, 0, -1);
+             grid.row_height();
+         }},
+        {"negative_column", [](layout &grid) {
+             add_at(grid, 0, 0);
+             add_at(grid, -1, 0);
+             grid.column_width();
+         }}};
+    const QApplication application(argc, argv);
+    QWidget parent;
+    misuses.at(misuse)(*new layout(&parent, 1, false));
+}
+
+/// A section that stands in no cell; without another misuse, nothing was ever clicked either.
+void misuse_fold(int argc, char **argv, const std::string &misuse)
+{
+    const QApplication application(argc, argv);
+    auto *section = new qor::qt::widget_fold("title", nullptr, 0, 20);
+    qor::qt::cell without_widget;
+    if (misuse == "click")
+        section->button->click();
+    else if (misuse == "cell_without_widget")
+        qor::qt::clicked_cell = &without_widget;
+    QApplication::exec();
 }
 
 void survive_by_jump()
@@ -76,5 +122,9 @@ int main(int argc, char **argv)
         run_below_frames(0, [] { std::raise(SIGTERM); });
     } else if (way == "icon")
         paint_icon_on_a_foreign_button(argc, argv);
+    else if (way == "layout")
+        misuse_layout(argc, argv, argv[2]);
+    else if (way == "fold")
+        misuse_fold(argc, argv, argv[2]);
     return 0;
 }

@@ -1,0 +1,109 @@
+#pragma once
+
+#include "qor/property.h"
+
+#include <QLayoutItem>
+#include <QRect>
+#include <QSize>
+
+#include <map>
+
+class QWidget;
+
+namespace qor::qt
+{
+
+class layout;
+struct sliding_line;
+
+/// What a `qor::qt::layout` keeps for one position of its grid: the widget, how it stands in its
+/// slot, and a plain widget behind it.
+///
+/// A value: built on the stack, filled in, and copied into the layout, after which only the copy
+/// counts (`layout::cells`). Lengths are pixels.
+class cell : public QLayoutItem
+{
+public:
+    /// A cell without a widget.
+    cell();
+
+    /// @param widget  the content; borrowed, as the background is: a cell deletes neither
+    explicit cell(QWidget *widget);
+
+    /// Applies the properties from first to last; a later one wins over an earlier one. Unknown
+    /// kinds are skipped. Further lists are joined behind the first.
+    void apply(const property_list &properties);
+    template <class... Lists>
+    void apply(const property_list &properties, const Lists &...more)
+    {
+        apply(properties);
+        apply(more...);
+    }
+
+    void set_margin(float all_sides);
+    void set_padding(float all_sides);
+
+    /// Slides the height of this cell's row to `target`, 25 steps a second, and blocks until it is
+    /// there. The window is resized by one pixel and back for each step, by which the sizes reach
+    /// the layouts in it.
+    ///
+    /// The size of a step is truncated to pixels: a way shorter than the number of steps is waited
+    /// for, and then jumped. Nothing is done where the row has that height already.
+    /// @param seconds  0 and less: the height jumps
+    void animate_row_height(int target, float seconds);
+
+    /// The same with the column's width, without repainting the window at each step.
+    void animate_column_width(int target, float seconds);
+
+    /// Both at once, without repainting. If either has its target already, nothing is done, the
+    /// other one included; when either has passed its target, both jump to theirs.
+    void animate_size(int target_width, int target_height, float seconds);
+
+    QSize sizeHint() const override;
+    QSize minimumSize() const override;
+    QSize maximumSize() const override;
+    Qt::Orientations expandingDirections() const override;
+    void setGeometry(const QRect &rectangle) override;
+    QRect geometry() const override;
+    bool isEmpty() const override;
+    QWidget *widget() override;
+    QWidget *background() const;
+
+    bool spanned = false;        ///< covered by the span of another cell
+    QWidget *background_widget;  ///< stands behind the content; child of the parent once laid out
+    QWidget *content = nullptr;  ///< what `widget` returns
+    float margin_left = -1;      ///< negative: this side isn't set, as with the next three
+    float margin_right = -1;
+    float margin_top = -1;
+    float margin_bottom = -1;
+    float padding_left = 0;  ///< between the background's edge and the content
+    float padding_right = 0;
+    float padding_top = 0;
+    float padding_bottom = 0;
+    float width = -1;  ///< of the content; it fills its slot where this isn't positive
+    float height = -1;
+    int row_span = 1;
+    int column_span = 1;
+    int column_width = -1;       ///< where positive, `layout::add` gives it to the whole column
+    int row_height = -1;         ///< where positive, `layout::add` gives it to the whole row
+    int first_column_width = 0;  ///< where positive, the first column's width for this cell alone
+    int shift_x = 0;             ///< moves the content, not the background
+    int shift_y = 0;
+    bool new_line = false;  ///< the next cell starts a line
+    int row = 0;            ///< set by the layout, like the next two
+    int column = 0;
+    qor::qt::layout *owner = nullptr;  ///< the layout that the cell stands in
+
+private:
+    QWidget &window() const;
+    sliding_line sliding_row(int target) const;
+    sliding_line sliding_column(int target) const;
+};
+
+/// The cell of each widget that was ever added to a layout; of a dead layout the entries stay.
+extern std::map<QWidget *, cell *> widget_cells;
+
+/// The cell whose click function ran last; null before the first click.
+extern cell *clicked_cell;
+
+}  // namespace qor::qt

@@ -1,0 +1,93 @@
+#include "qor/qt/slide.h"
+
+#include <QSize>
+#include <QWidget>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdlib>
+#include <thread>
+
+namespace qor::qt
+{
+
+namespace
+{
+
+constexpr float steps_per_second = 25;
+constexpr float microseconds_per_second = 1000000;
+
+/// A line with the way that it has to go: positive when it shrinks.
+struct way {
+    const sliding_line &line;
+    int delta;
+
+    bool has_passed() const
+    {
+        const int size = line.size();
+        return delta > 0 ? size < line.target : size > line.target;
+    }
+};
+
+std::vector<way> ways_of(const std::vector<sliding_line> &lines)
+{
+    std::vector<way> ways;
+    for (const sliding_line &line : lines)
+        ways.push_back({line, line.size() - line.target});
+    return ways;
+}
+
+/// In pixels; no more than what passes the target, however short the time is.
+int step_of(int delta, float seconds)
+{
+    const float limit = std::abs(static_cast<float>(delta)) + 1;
+    const float step = static_cast<float>(delta) / seconds / steps_per_second;
+    return static_cast<int>(std::clamp(step, -limit, limit));
+}
+
+void wait_for_next_step(float seconds)
+{
+    const float pause = seconds / (seconds * steps_per_second) * microseconds_per_second;
+    std::this_thread::sleep_for(std::chrono::microseconds(static_cast<int>(pause)));
+}
+
+void move_in_steps(QWidget &window, QSize size, const std::vector<way> &ways, float seconds,
+                   repainting repaints)
+{
+    int steps = 0;
+    do {
+        for (const way &each : ways)
+            each.line.size() -= step_of(each.delta, seconds);
+        if (std::any_of(ways.begin(), ways.end(), std::mem_fn(&way::has_passed)))
+            return;
+        lay_out_anew(window, size, repaints);
+        wait_for_next_step(seconds);
+        ++steps;
+    } while (static_cast<float>(steps) < seconds * steps_per_second);
+}
+
+}  // namespace
+
+void lay_out_anew(QWidget &window, QSize size, repainting repaints)
+{
+    window.resize(size.width(), size.height() + 1);
+    window.resize(size);
+    if (repaints == repainting::at_each_step)
+        window.repaint();
+}
+
+void slide(QWidget &window, const std::vector<sliding_line> &lines, float seconds,
+           repainting repaints)
+{
+    const QSize size = window.size();
+    const std::vector<way> ways = ways_of(lines);
+    if (std::any_of(ways.begin(), ways.end(), [](const way &each) { return each.delta == 0; }))
+        return;
+    if (seconds > 0 && seconds * steps_per_second > 0)
+        move_in_steps(window, size, ways, seconds, repaints);
+    for (const sliding_line &line : lines)
+        line.size() = line.target;
+    lay_out_anew(window, size, repaints);
+}
+
+}  // namespace qor::qt
