@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QPushButton>
+#include <QRect>
+
+namespace orv
+{
+
+/// A flat button that flashes for a fifth of a second when it is clicked: by a frame in its style
+/// sheet, or, if it was given a rectangle, by painting that. It takes no keyboard focus.
+///
+/// It doesn't behave as a push button does at the release: wherever the mouse is let go, it counts
+/// as a click, and the button stays down.
+class button : public QPushButton
+{
+    Q_OBJECT
+
+public:
+    button(QString text, QWidget *parent);
+
+    /// A button without text that paints its flash.
+    /// @param rect  becomes `highlight_rect` with left and top grown by 4, right and bottom by 1
+    button(QWidget *parent, QRect rect);
+
+    bool highlight = false;  ///< the flash shows
+    QRect highlight_rect;    ///< where it is painted; invalid: the style sheet flashes
+
+public slots:
+    /// Ends the flash.
+    void deaktivate_highlight();
+
+protected:
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    void merge_sheet(const char *declarations);
+};
+
+}  // namespace orv

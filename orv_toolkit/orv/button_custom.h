@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QPushButton>
+
+#include <functional>
+
+class QPainter;
+
+namespace orv
+{
+
+/// A button that leaves all its painting to a function; without one it shows nothing.
+class button_custom : public QPushButton
+{
+    Q_OBJECT
+
+public:
+    explicit button_custom(QWidget *parent, std::function<void(QPainter &)> paint_callback = {});
+
+    std::function<void(QPainter &)> paint_callback;
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+};
+
+}  // namespace orv

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "orv/button.h"
+
+namespace orv
+{
+
+/// A button that shows rich text, drawn once into its icon; it flashes by its style sheet.
+class button_html : public button
+{
+    Q_OBJECT
+
+public:
+    /// @param html  in the subset that QTextDocument knows
+    button_html(QString html, QWidget *parent);
+    explicit button_html(QWidget *parent);
+};
+
+}  // namespace orv
