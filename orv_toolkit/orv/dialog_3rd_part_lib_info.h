@@ -1,0 +1,42 @@
+#pragma once
+
+#include "orv/library_entry.h"
+#include "qor/qt/layout.h"
+
+#include <QDialog>
+#include <QSize>
+
+#include <memory>
+#include <vector>
+
+namespace orv
+{
+
+/// Lists the libraries that the program uses, Qt as the first.
+class dialog_3rd_part_lib_info : public QDialog
+{
+    Q_OBJECT
+
+public:
+    explicit dialog_3rd_part_lib_info(QWidget *parent);
+
+    /// Lays the entries out and shows the dialog until it is closed. Only to be called once, since
+    /// each call adds the entries.
+    int exec() override;
+
+    /// The rows of one entry, for a widget of its own; fills the entry's `width` and `height`. A
+    /// license that can't be opened shows a text that says so.
+    std::unique_ptr<qor::qt::layout> entry_layout(library_entry &entry);
+
+    std::vector<library_entry> libraries;  ///< may be appended to before `exec`
+    qor::qt::layout *layout;               ///< this dialog's
+    QSize heading_size;                    ///< pixels that the heading gets, more than it takes
+    int margin_px = 5;                     ///< around the heading and around each entry
+
+private:
+    void add_heading();
+    void add_entry(library_entry &entry);
+    static QString license_text(const QString &path);
+};
+
+}  // namespace orv

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QCoreApplication>
+#include <QTranslator>
+
+/// Both German catalogues while this lives.
+class german_catalogues
+{
+public:
+    german_catalogues()
+    {
+        if (!program.load(":/translations/de") || !kit.load(":/translations/toolkit_de"))
+            qFatal("no catalogues");
+        QCoreApplication::installTranslator(&program);
+        QCoreApplication::installTranslator(&kit);
+    }
+
+private:
+    QTranslator program;
+    QTranslator kit;
+};

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QApplication>
+#include <QStringList>
+#include <QTimer>
+#include <QWidget>
+
+/// Closes the modal dialogs that come up while this lives, and remembers their classes: for a step
+/// that must open none, or the ones that its test doesn't wait for.
+class modal_watch
+{
+public:
+    modal_watch()
+    {
+        QObject::connect(&poll, &QTimer::timeout, &poll, [this] { look(); });
+        poll.start(poll_ms);
+    }
+
+    QStringList classes;
+
+private:
+    static constexpr int poll_ms = 5;
+
+    void look()
+    {
+        QWidget *widget = QApplication::activeModalWidget();
+        if (!widget)
+            return;
+        classes << widget->metaObject()->className();
+        widget->close();
+    }
+
+    QTimer poll;
+};
