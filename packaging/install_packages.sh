@@ -8,7 +8,7 @@ set -eu
 
 build_packages="cmake g++ ninja-build qtbase5-dev qttools5-dev qttools5-dev-tools
     libimage-exiftool-perl qttranslations5-l10n fonts-freefont-ttf"
-test_packages="git tzdata xauth xvfb"
+test_packages="git libxml2-utils tzdata w3c-sgml-lib xauth xvfb"
 
 is_installed() {
     [ "$(dpkg-query --show --showformat='${db:Status-Status}' "$1" 2>/dev/null)" = installed ]

@@ -84,6 +84,7 @@ MainWindow::MainWindow(QWidget *parent) : QMainWindow(parent)
     make_fix_progress();
     make_load_progress();
     connect_controls();
+    make_report_shortcut();
     read_last_load_path();
     ui->widget_time_adjust->focus_first_field();
 }
@@ -230,6 +231,9 @@ void MainWindow::connect_controls()
     model->datetime_format_changed(ui->widget_datetime_format->format_string());
     connect(ui->widget_time_adjust, &time_adjustment::time_offset_changed, model,
             &table_data_model::datetime_offset_changed);
+    connect(button_settings, &QPushButton::clicked, this, &MainWindow::on_button_settings_clicked);
+    connect(button_about, &QPushButton::clicked, this, &MainWindow::on_button_about_clicked);
+    connect(button_help, &QPushButton::clicked, this, &MainWindow::on_button_help_clicked);
     connect(button_fix_time, &QPushButton::clicked, this, &MainWindow::on_button_fix_time_clicked);
     connect(button_undo, &QPushButton::clicked, this, &MainWindow::on_button_undo_clicked);
     connect(button_load_images, &QPushButton::clicked, this,

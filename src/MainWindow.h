@@ -74,6 +74,17 @@ public slots:
     /// over.
     void on_button_undo_clicked();
 
+    /// Lets the user pick the language. After a change asks whether to go on in the old one, which
+    /// stays until the next start, or to quit.
+    void on_button_settings_clicked();
+
+    /// Shows what program this is, over the middle of the window where the screen has the room.
+    void on_button_about_clicked();
+
+    /// Hands the help page of the stored language to the system's browser, as a file in the
+    /// temporary folder that stays there. Failures are passed over in silence.
+    void on_button_help_clicked();
+
 private:
     struct photo_row;
 
@@ -88,6 +99,7 @@ private:
     void make_load_progress();
     orv::progress_dialog *make_progress(const QString &label);
     void connect_controls();
+    void make_report_shortcut();
 
     void read_last_load_path();
     void write_last_load_path();
@@ -98,6 +110,8 @@ private:
     QStringList fix_all_rows();
     bool fix_photo(const photo_row &photo);
     bool keeps_changes(const QStringList &failed_files);
+
+    bool wants_to_continue();
 
     /// Shows the dialog of a batch. Its owner resets it at the end: a batch without a step, or one
     /// that an emptied table ends, never reaches the value that hides it.

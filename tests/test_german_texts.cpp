@@ -1,6 +1,9 @@
 #include "MainWindow.h"
 #include "main_window_form.h"
 #include "orv/button_dark.h"
+#include "orv/clickable_label.h"
+#include "orv/dialog_3rd_part_lib_info.h"
+#include "orv/dialog_about.h"
 #include "orv/progress_dialog.h"
 #include "table_data_model.h"
 #include "test_main.h"
@@ -38,6 +41,9 @@ private slots:
     void headings_are_german();
     void table_headers_are_german();
     void progress_dialogs_are_german();
+    void text_of_a_dialog_is_german_data();
+    void text_of_a_dialog_is_german();
+    void dialogs_show_the_german_texts();
     void title_stays_the_name();
     void everything_fits_into_the_window();
 
@@ -164,6 +170,62 @@ void test_german_texts::progress_dialogs_are_german()
         QCOMPARE(dialog->windowTitle(), QString("Bitte Warten"));
         QCOMPARE(dialog->findChild<QProgressBar *>()->format(), QString("%v von %m"));
     }
+}
+
+/// What is asked after a change of the language, and the kit's dialogs.
+void test_german_texts::text_of_a_dialog_is_german_data()
+{
+    QTest::addColumn<QString>("context");
+    QTest::addColumn<QString>("source");
+    QTest::addColumn<QString>("german");
+    const QString about = "orv::dialog_about";
+    const QString libraries = "orv::dialog_3rd_part_lib_info";
+    // clang-format off
+    QTest::newRow("title of the question")
+        << "MainWindow" << "Application language changed" << "Anwendungssprache geändert";
+    QTest::newRow("question")
+        << "MainWindow"
+        << "The application language has been changed.\nThe application needs to be restarted to "
+           "use the new language."
+        << "Die Sprache der Benutzeroberfläche wurde geändert.\nDie Anwendung muss neu gestartet "
+           "werden um die neue Sprache zu verwenden.";
+    QTest::newRow("to go on") << "MainWindow" << "Continue working" << "Weiterarbeiten";
+    QTest::newRow("to quit") << "MainWindow" << "Quit now" << "Anwendung jetzt beenden";
+    QTest::newRow("title") << about << "About" << "Über";
+    QTest::newRow("the source is German") << about << "Webseite:" << "Webseite:";
+    QTest::newRow("link")
+        << about << "Click here for 3rd party library information"
+        << "Klicke hier um Informationen über Bibliotheken von Drittanbietern zu erhalten";
+    QTest::newRow("heading of the list")
+        << libraries << "%1 uses the following open source and/or 3rd party libraries:"
+        << "Die Folgenden Open Source Bibliotheken und/oder Bibliotheken von Drittanbietern "
+           "werden in %1 verwendet:";
+    // clang-format on
+}
+
+void test_german_texts::text_of_a_dialog_is_german()
+{
+    QFETCH(QString, context);
+    QFETCH(QString, source);
+    QFETCH(QString, german);
+    QCOMPARE(QCoreApplication::translate(context.toUtf8(), source.toUtf8()), german);
+}
+
+void test_german_texts::dialogs_show_the_german_texts()
+{
+    const orv::dialog_about about(window, true);
+    QCOMPARE(about.windowTitle(), QString("Über"));
+    const auto *link = about.findChild<orv::clickable_label *>();
+    QVERIFY(link);
+    QVERIFY(link->text().startsWith("Klicke hier um Informationen "));
+    const orv::dialog_3rd_part_lib_info list(window);
+    const auto *heading = list.findChild<QLabel *>();
+    QVERIFY(heading);
+    QVERIFY(heading->text().endsWith(" werden in Kelvra verwendet:"));
+    const QStringList note = list.libraries.front().note.split('\n');
+    QCOMPARE(note.size(), 3);
+    for (const QString &line : note)
+        QVERIFY2(!line.contains(" the "), qPrintable(line));
 }
 
 void test_german_texts::title_stays_the_name()

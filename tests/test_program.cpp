@@ -138,6 +138,10 @@ private slots:
     void file_open_event_loads_the_photo();
     void file_open_event_is_lost_on_a_hidden_window();
     void tool_is_asked_to_quit_behind_the_window();
+    void quitting_for_a_new_language_ends_it_cleanly();
+    void new_language_is_spoken_from_the_next_start_on();
+    void program_goes_on_in_the_old_language();
+    void needs_no_network_library();
     void signal_ends_it_with_a_report_data();
     void signal_ends_it_with_a_report();
     void other_signal_has_no_report();
@@ -300,6 +304,62 @@ void test_program::tool_is_asked_to_quit_behind_the_window()
     QCOMPARE(program.output, QByteArray("shown\n"));
     QCOMPARE(tool->input(), "-G1\n\n" + photo().toUtf8() + "\n-execute\n-stay_open\nFalse\n");
     QVERIFY(tool->has_touched("quit"));
+}
+
+void test_program::quitting_for_a_new_language_ends_it_cleanly()
+{
+    tool->script("quit", {"touch quit"});
+    running_program program(folder->program_path(), "open " + photo() + ";settings de No");
+    QVERIFY(program.wait_until_ended());
+    QCOMPARE(program.status(), 0);
+    QCOMPARE(program.output, QByteArray("shown\nquestion: Application language changed\n"));
+    QVERIFY(tool->input().endsWith("\n-execute\n-stay_open\nFalse\n"));
+    QVERIFY(tool->has_touched("quit"));
+    QSettings settings;
+    settings.sync();
+    QCOMPARE(settings.allKeys(), QStringList("lang"));
+    QFile file(settings.fileName());
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QVERIFY(file.readAll().contains("lang=de\n"));
+}
+
+void test_program::new_language_is_spoken_from_the_next_start_on()
+{
+    running_program first(folder->program_path(), "report;settings de No");
+    QVERIFY(first.wait_until_ended());
+    QVERIFY(first.printed("tool tip").contains("Load images"));
+    running_program second(folder->program_path(), "report;settings en No");
+    QVERIFY(second.wait_until_ended());
+    QVERIFY(second.printed("tool tip").contains("Bilder Laden"));
+    QCOMPARE(second.printed("Qt's text"), QStringList("Abbrechen"));
+    QCOMPARE(second.printed("question"), QStringList("Anwendungssprache geändert"));
+    running_program third(folder->program_path(), "report;close", {}, "de_DE.UTF-8");
+    QVERIFY(third.wait_until_ended());
+    QVERIFY(third.printed("tool tip").contains("Load images"));
+}
+
+void test_program::program_goes_on_in_the_old_language()
+{
+    running_program program(folder->program_path(),
+                            "settings de Yes;open " + photo() + ";rows;report;close");
+    QVERIFY(program.wait_until_ended());
+    QCOMPARE(program.status(), 0);
+    QCOMPARE(program.printed("question"), QStringList("Application language changed"));
+    QCOMPARE(program.printed("rows"), QStringList("1"));
+    QVERIFY(program.printed("tool tip").contains("Load images"));
+    QVERIFY(!program.printed("tool tip").contains("Bilder Laden"));
+    QSettings settings;
+    settings.sync();
+    QCOMPARE(settings.value("lang").toString(), QString("de"));
+}
+
+void test_program::needs_no_network_library()
+{
+    QFile program(KELVRA_PROGRAM);
+    QVERIFY(program.open(QIODevice::ReadOnly));
+    const QByteArray bytes = program.readAll();
+    QVERIFY(bytes.contains("libQt5Widgets.so"));
+    QVERIFY(!bytes.contains("libQt5Network"));
 }
 
 void test_program::signal_ends_it_with_a_report_data()

@@ -109,6 +109,24 @@ Die EXIF-Zeitstempel können mit einem Aufnahmedatum vor dem 01.01.1972 00:00:00
         <source>Supported Files(%1)</source>
         <translation>Unterstützte Dateitypen (%1)</translation>
     </message>
+    <message>
+        <source>Application language changed</source>
+        <translation>Anwendungssprache geändert</translation>
+    </message>
+    <message>
+        <source>The application language has been changed.
+The application needs to be restarted to use the new language.</source>
+        <translation>Die Sprache der Benutzeroberfläche wurde geändert.
+Die Anwendung muss neu gestartet werden um die neue Sprache zu verwenden.</translation>
+    </message>
+    <message>
+        <source>Continue working</source>
+        <translation>Weiterarbeiten</translation>
+    </message>
+    <message>
+        <source>Quit now</source>
+        <translation>Anwendung jetzt beenden</translation>
+    </message>
 </context>
 <context>
     <name>datetime_format</name>

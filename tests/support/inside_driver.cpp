@@ -6,18 +6,24 @@
 //   report      prints what the program's set-up has made of style, identity and texts
 //   open PATH   sends a file-open event to the application object
 //   rows        prints how many rows the table has
+//   settings LANGUAGE ANSWER
+//               clicks the settings button, picks the language, closes the dialog and clicks the
+//               button ANSWER, "Yes" or "No", of the question behind it; prints its title
 //   hide | close | exit STATUS
 
 #include <QAbstractEventDispatcher>
 #include <QAbstractItemModel>
 #include <QApplication>
+#include <QComboBox>
 #include <QFileOpenEvent>
 #include <QGenericPlugin>
 #include <QMainWindow>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QStringList>
 #include <QStyle>
 #include <QTableView>
+#include <QTest>
 #include <QTimer>
 
 #include <unistd.h>
@@ -47,6 +53,67 @@ void print_report(const QMainWindow &window)
     print("Qt's text", QCoreApplication::translate("QPlatformTheme", "Cancel"));
     for (const auto *button : window.findChildren<QPushButton *>())
         print("tool tip", button->toolTip());
+}
+
+/// Does in the settings dialog, and in the box behind it, what the user would do.
+class settings_user
+{
+public:
+    settings_user(const QString &language, const QString &answer)
+        : language(language), answer(answer)
+    {
+        QObject::connect(&poll, &QTimer::timeout, &poll, [this] { look(); });
+        poll.start(poll_ms);
+    }
+
+private:
+    static constexpr int poll_ms = 10;
+
+    void look()
+    {
+        QWidget *dialog = QApplication::activeModalWidget();
+        if (auto *box = qobject_cast<QMessageBox *>(dialog))
+            answer_question(*box);
+        else if (dialog)
+            pick_language(*dialog);
+    }
+
+    void pick_language(QWidget &dialog) const
+    {
+        auto *box = dialog.findChild<QComboBox *>();
+        const int steps = box->findData(language) - box->currentIndex();
+        for (int i = 0; i < qAbs(steps); ++i)
+            QTest::keyClick(box, steps > 0 ? Qt::Key_Down : Qt::Key_Up);
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    }
+
+    void answer_question(const QMessageBox &box) const
+    {
+        print("question", box.windowTitle());
+        const auto button = answer == "Yes" ? QMessageBox::Yes : QMessageBox::No;
+        QTest::mouseClick(box.button(button), Qt::LeftButton);
+    }
+
+    const QString language;
+    const QString answer;
+    QTimer poll;
+};
+
+/// The first button of the strip at the top.
+QPushButton *settings_button(const QMainWindow &window)
+{
+    QPushButton *first = nullptr;
+    for (auto *button : window.findChild<QWidget *>("widget_info")->findChildren<QPushButton *>()) {
+        if (!first || button->x() < first->x())
+            first = button;
+    }
+    return first;
+}
+
+void change_language(const QMainWindow &window, const QString &language, const QString &answer)
+{
+    const settings_user user(language, answer);
+    QTest::mouseClick(settings_button(window), Qt::LeftButton);
 }
 
 class driver : public QObject
@@ -94,6 +161,8 @@ private:
             QCoreApplication::sendEvent(qApp, &event);
         } else if (verb == "rows")
             print("rows", QString::number(window.findChild<QTableView *>()->model()->rowCount()));
+        else if (verb == "settings")
+            change_language(window, argument.section(' ', 0, 0), argument.section(' ', 1));
         else if (verb == "hide")
             window.hide();
         else if (verb == "close")

@@ -36,6 +36,7 @@ struct seen_box {
     int button_count = 0;
     QMessageBox::Icon icon = QMessageBox::NoIcon;
     QObject *parent = nullptr;
+    QString default_text;  ///< of the default button
 };
 
 /// Answers the message boxes that come up while it lives, each with the next reply. A box too many
@@ -73,7 +74,8 @@ private:
                           text_of(*box, QMessageBox::No),
                           box->buttons().size(),
                           box->icon(),
-                          box->parent()};
+                          box->parent(),
+                          box->defaultButton() ? box->defaultButton()->text() : QString()};
         give(*box, replies.isEmpty() ? box_reply::frame : replies.takeFirst());
     }
 
