@@ -7,13 +7,13 @@
 #include "main_window_form.h"
 #include "orv/button_dark.h"
 #include "orv/progress_dialog.h"
+#include "orv/skin_fonts.h"
 #include "orv/skin_scroll_bars.h"
 #include "program_setup.h"
 #include "table_data_model.h"
 #include "time_adjustment.h"
 
 #include <QApplication>
-#include <QFont>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QStyle>
@@ -23,7 +23,6 @@
 namespace
 {
 
-constexpr int text_point_size = 9;
 constexpr int header_height_px = 66;
 constexpr int header_indent_px = 300;
 constexpr int spacing_px = 4;
@@ -49,9 +48,7 @@ constexpr char table_header_sheet[] =
 void set_program_font()
 {
     add_fonts();
-    QFont font("FreeSans");
-    font.setPointSize(text_point_size);
-    QApplication::setFont(font);
+    QApplication::setFont(orv::text_font());
 }
 
 orv::button_dark *make_button(const QString &tooltip, QSize size, const QString &icon)

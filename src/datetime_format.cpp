@@ -2,28 +2,17 @@
 
 #include "datetime_format_form.h"
 #include "orv/radio.h"
+#include "orv/skin_fonts.h"
 
-#include <QFont>
 #include <QLabel>
 #include <QSettings>
-
-namespace
-{
-
-constexpr int heading_weight = 75;
-constexpr int heading_point_size = 11;
-
-}  // namespace
 
 datetime_format::datetime_format(QWidget *parent) : QWidget(parent), ui(new datetime_format_form)
 {
     ui->build(this);
     load_settings();
-    QFont heading_font("FreeSansBold");
-    heading_font.setWeight(heading_weight);
-    heading_font.setPointSize(heading_point_size);
-    ui->label->setFont(heading_font);
-    ui->label_2->setFont(heading_font);
+    ui->label->setFont(orv::heading_font());
+    ui->label_2->setFont(orv::heading_font());
 }
 
 QString datetime_format::format_string() const

@@ -2,6 +2,7 @@
 
 #include "language_setting.h"
 #include "orv/combobox.h"
+#include "orv/dialog_width.h"
 #include "orv/panel.h"
 
 #include <QGridLayout>
@@ -26,7 +27,6 @@ constexpr int min_language_width_px = 100;
 constexpr int margin_px = 10;
 constexpr int horizontal_spacing_px = 4;
 constexpr int vertical_spacing_px = 8;
-constexpr double width_factor = 1.2;
 
 /// Any other language than German counts as English.
 int current_language_index(const orv::combobox &box)
@@ -47,7 +47,7 @@ dialog_settings::dialog_settings(QWidget *parent) : QDialog(parent)
     auto *panel = new orv::panel;
     panel->set_up(make_content(), QString());
     grid->addWidget(panel, 0, 0);
-    setFixedSize(static_cast<int>(sizeHint().width() * width_factor), sizeHint().height());
+    setFixedSize(orv::dialog_width(sizeHint().width()), sizeHint().height());
 }
 
 QWidget *dialog_settings::make_content()

@@ -1,6 +1,7 @@
 #include "table_data_model.h"
 
 #include "exif_cache.h"
+#include "orv/skin_fonts.h"
 
 #include <QFileInfo>
 #include <QSize>
@@ -12,8 +13,6 @@ namespace
 
 constexpr int header_height_px = 30;
 constexpr int name_width_px = 300;
-constexpr int header_point_size = 11;
-constexpr int header_weight = 75;
 
 QString file_name(const QString &path)
 {
@@ -38,10 +37,8 @@ int number(const tag_map &record, const char *key)
 }  // namespace
 
 table_data_model::table_data_model(QObject *parent)
-    : QAbstractTableModel(parent), header_font("FreeSansBold")
+    : QAbstractTableModel(parent), header_font(orv::heading_font())
 {
-    header_font.setWeight(header_weight);
-    header_font.setPointSize(header_point_size);
 }
 
 int table_data_model::rowCount(const QModelIndex & /*parent*/) const

@@ -3,10 +3,11 @@
 #include "orv/build_report.h"
 #include "orv/clickable_label.h"
 #include "orv/dialog_3rd_part_lib_info.h"
+#include "orv/dialog_width.h"
+#include "orv/skin_fonts.h"
 
 #include <QCoreApplication>
 #include <QDateTime>
-#include <QFont>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -23,33 +24,19 @@ constexpr char dialog_sheet[] = "background-color:rgb(47,47,47);color:rgb(198,21
 constexpr char header_sheet[] = "background-image:url(:/images/Head.png);";
 constexpr char logo_sheet[] = "background-image:none; background-color:none;";
 
-constexpr int text_point_size = 9;
-constexpr int heading_point_size = 11;
-constexpr int heading_weight = 75;
 constexpr int header_height_px = 97;
 constexpr int side_margin_px = 20;
 constexpr int bottom_margin_px = 10;
 constexpr int gap_px = 20;
-constexpr double width_factor = 1.2;
 
 constexpr int word_bits = 64;
 constexpr char website_link[] =
     "<a href=\"https://vorrin.example/\" style=\"color:#728a84;\">https://vorrin.example/</a>";
 
-QFont text_font()
-{
-    QFont font("FreeSans");
-    font.setPointSize(text_point_size);
-    return font;
-}
-
 QLabel *make_heading(const QString &text)
 {
-    QFont font("FreeSansBold");
-    font.setWeight(heading_weight);
-    font.setPointSize(heading_point_size);
     auto *label = new QLabel(text);
-    label->setFont(font);
+    label->setFont(heading_font());
     return label;
 }
 
@@ -100,7 +87,7 @@ dialog_about::dialog_about(QWidget *parent, bool list_metadata_tool) : QDialog(p
                                      Qt::WindowMinimizeButtonHint | Qt::WindowMaximizeButtonHint));
     lay_out();
     setFixedHeight(sizeHint().height());
-    setFixedWidth(static_cast<int>(sizeHint().width() * width_factor));
+    setFixedWidth(dialog_width(sizeHint().width()));
 }
 
 void dialog_about::show_libraries(dialog_about *about, const QString &tool_user)

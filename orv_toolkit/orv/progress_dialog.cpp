@@ -1,5 +1,7 @@
 #include "orv/progress_dialog.h"
 
+#include "orv/dialog_width.h"
+
 #include <QProgressBar>
 
 namespace orv
@@ -7,8 +9,6 @@ namespace orv
 
 namespace
 {
-
-constexpr double width_factor = 1.2;
 
 constexpr char dialog_sheet[] =
     "*{color: rgb(198,213,210);  background-color: rgb(47,47,47);}"
@@ -26,7 +26,7 @@ void progress_dialog::set_up(const QString &title, const QString &label, const Q
     setLabelText(label);
     setCancelButton(nullptr);
     setMinimumDuration(0);
-    setFixedSize(static_cast<int>(width() * width_factor), height());
+    setFixedSize(dialog_width(width()), height());
     auto *bar = new QProgressBar(this);
     bar->setFormat(bar_format);
     setBar(bar);

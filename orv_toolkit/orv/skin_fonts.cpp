@@ -1,0 +1,24 @@
+#include "orv/skin_fonts.h"
+
+namespace orv
+{
+
+namespace
+{
+
+constexpr int text_point_size = 9;
+constexpr int heading_point_size = 11;
+
+}  // namespace
+
+QFont text_font()
+{
+    return QFont("FreeSans", text_point_size);
+}
+
+QFont heading_font()
+{
+    return QFont("FreeSansBold", heading_point_size, QFont::Bold);
+}
+
+}  // namespace orv
