@@ -1,3 +1,4 @@
+#include "cell_sides.h"
 #include "orv/clickable_label.h"
 #include "qor/qt/cell.h"
 #include "qor/qt/layout.h"
@@ -70,15 +71,6 @@ class open_button : public QPushButton
 public:
     int click_receivers() const { return receivers("2clicked()"); }
 };
-
-QStringList margins_of(const cell &shown)
-{
-    QStringList sides;
-    for (float side :
-         {shown.margin_top, shown.margin_right, shown.margin_bottom, shown.margin_left})
-        sides << QString::number(side);
-    return sides;
-}
 
 /// A shown window that a layout fills.
 struct laid_out_window {

@@ -1,3 +1,4 @@
+#include "cell_sides.h"
 #include "qor/qt/cell.h"
 #include "qor/qt/properties.h"
 #include "test_main.h"
@@ -90,15 +91,6 @@ QStringList effect_of(const property_list &list, cell &target)
             changes << it.key() + "=" + it.value();
     }
     return changes;
-}
-
-QStringList margins_of(const cell &shown)
-{
-    QStringList sides;
-    for (float side :
-         {shown.margin_top, shown.margin_right, shown.margin_bottom, shown.margin_left})
-        sides << QString::number(side);
-    return sides;
 }
 
 QStringList paddings_of(const cell &shown)
