@@ -1,4 +1,5 @@
 #include "bracketed_texts.h"
+#include "german_catalogues.h"
 #include "grid_place.h"
 #include "modal_watch.h"
 #include "opened_urls.h"
@@ -14,7 +15,6 @@
 #include <QPointer>
 #include <QTextBlock>
 #include <QTextDocument>
-#include <QTranslator>
 #include <QVBoxLayout>
 
 #include <ctime>
@@ -410,9 +410,7 @@ void test_dialog_about::all_texts_are_translated()
 void test_dialog_about::texts_are_german_with_the_catalogue()
 {
     stopped_clock = start_of_2100;
-    QTranslator catalogue;
-    QVERIFY(catalogue.load(":/translations/toolkit_de"));
-    QVERIFY(QCoreApplication::installTranslator(&catalogue));
+    const german_catalogues german;
     const orv::dialog_about dialog(nullptr, true);
     QCOMPARE(dialog.windowTitle(), QString("Über"));
     QCOMPARE(link_of(dialog)->text(), QString("Klicke hier um Informationen über Bibliotheken von "
@@ -552,9 +550,7 @@ void test_dialog_about::list_names_the_tools_user()
 
 void test_dialog_about::list_of_the_toolkit_is_german_with_the_catalogue()
 {
-    QTranslator catalogue;
-    QVERIFY(catalogue.load(":/translations/toolkit_de"));
-    QVERIFY(QCoreApplication::installTranslator(&catalogue));
+    const german_catalogues german;
     orv::dialog_about dialog(nullptr, true);
     const QStringList entries = entries_behind_link(dialog);
     QVERIFY2(entries.last().startsWith("Exiftool: Diese Anwendung verwendet Exiftool von "),

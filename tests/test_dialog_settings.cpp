@@ -1,5 +1,6 @@
 #include "bracketed_texts.h"
 #include "dialog_settings.h"
+#include "german_catalogues.h"
 #include "grid_place.h"
 #include "language_setting.h"
 #include "orv/combobox.h"
@@ -13,7 +14,6 @@
 #include <QFile>
 #include <QGridLayout>
 #include <QLabel>
-#include <QTranslator>
 
 #include <functional>
 
@@ -236,9 +236,7 @@ void test_dialog_settings::box_lists_the_languages()
 
 void test_dialog_settings::texts_are_german_with_the_catalogue()
 {
-    QTranslator catalogue;
-    QVERIFY(catalogue.load(":/translations/de"));
-    QVERIFY(QCoreApplication::installTranslator(&catalogue));
+    const german_catalogues german;
     const dialog_settings dialog(nullptr);
     QCOMPARE(dialog.windowTitle(), QString("Einstellungen"));
     QCOMPARE(dialog.findChild<QLabel *>()->text(), QString("Sprache:"));

@@ -1,4 +1,5 @@
 #include "bracketed_texts.h"
+#include "german_catalogues.h"
 #include "orv/dialog_3rd_part_lib_info.h"
 #include "test_main.h"
 #include "when_modal.h"
@@ -8,7 +9,6 @@
 #include <QLabel>
 #include <QTemporaryDir>
 #include <QTextEdit>
-#include <QTranslator>
 
 #include <functional>
 #include <memory>
@@ -227,9 +227,7 @@ void test_library_dialog::texts_are_translated()
 
 void test_library_dialog::texts_are_german_with_the_catalogue()
 {
-    QTranslator catalogue;
-    QVERIFY(catalogue.load(":/translations/toolkit_de"));
-    QVERIFY(QCoreApplication::installTranslator(&catalogue));
+    const german_catalogues german;
     const orv::dialog_3rd_part_lib_info list(nullptr);
     const QString heading = "Die Folgenden Open Source Bibliotheken und/oder Bibliotheken von "
                             "Drittanbietern werden in Kelvra verwendet:";
