@@ -7,8 +7,10 @@ int main(int argc, char **argv)
 {
     set_identity();
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling, true);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps, true);
     orv::application<MainWindow> application(argc, argv);
     install_style();
+    install_icons();
     install_translators(language_setting("lang"));
 
     MainWindow window(nullptr);

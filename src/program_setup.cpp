@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QFont>
 #include <QFontDatabase>
+#include <QIcon>
 #include <QLibraryInfo>
 #include <QPalette>
 #include <QString>
@@ -14,6 +15,7 @@ namespace
 {
 
 constexpr int tooltip_delay_ms = 2000;
+constexpr int program_icon_sizes[] = {16, 24, 32, 48, 64, 128, 256};  ///< pixels
 
 /// The main window's text colour reaches the file dialog; on light surfaces it couldn't be read.
 QPalette dark_palette()
@@ -65,6 +67,16 @@ void install_style()
     style->set_tooltip_delay(tooltip_delay_ms);
     QApplication::setStyle(style);
     QApplication::setPalette(dark_palette());
+}
+
+void install_icons()
+{
+    QIcon::setFallbackThemeName(QIcon::themeName());
+    QIcon::setThemeName("orv");
+    QIcon program_icon;
+    for (const int size : program_icon_sizes)
+        program_icon.addFile(QString(":/program_icon/kelvra-%1.png").arg(size));
+    QApplication::setWindowIcon(program_icon);
 }
 
 void install_translators(const QString &language)

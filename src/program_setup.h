@@ -11,6 +11,10 @@ void set_identity();
 /// owns the style.
 void install_style();
 
+/// Gives all windows the program's icon, and message boxes icons of the skin's own. The desktop's
+/// icons stand behind these, for what has none. Needs the application object.
+void install_icons();
+
 /// Installs the texts of Qt, of the program and of the widget kit in a language such as "de". Texts
 /// without a catalogue stay as they are in the source, which is English. The translators live to
 /// the end of the process.

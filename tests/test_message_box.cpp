@@ -57,6 +57,7 @@ private slots:
     void box_is_a_dialog_of_fixed_size();
     void box_shows_exactly_the_buttons_asked_for_data();
     void box_shows_exactly_the_buttons_asked_for();
+    void buttons_have_no_icons();
     void buttons_have_the_words_given();
     void default_button_follows_the_rule_data();
     void default_button_follows_the_rule();
@@ -169,6 +170,19 @@ void test_message_box::box_shows_exactly_the_buttons_asked_for()
         box.done(-1);
     });
     ask_with(static_cast<QMessageBox::StandardButtons>(buttons), no_default)(nullptr);
+    QVERIFY(answer.answered());
+}
+
+/// On Linux Qt's own style brings some.
+void test_message_box::buttons_have_no_icons()
+{
+    when_modal<message_box> answer([](message_box &box) {
+        QCOMPARE(box.buttons().size(), 3);
+        for (const QAbstractButton *button : box.buttons())
+            QVERIFY(button->icon().isNull());
+        box.close();
+    });
+    ask_with(QMessageBox::Ok | QMessageBox::No | QMessageBox::Cancel, no_default)(nullptr);
     QVERIFY(answer.answered());
 }
 

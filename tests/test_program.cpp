@@ -190,6 +190,9 @@ void test_program::sets_up_identity_and_style()
     QCOMPARE(program.printed("application"), QStringList("Kelvra"));
     QCOMPARE(program.printed("version"), QStringList("2.0.2"));
     QCOMPARE(program.printed("high dpi"), QStringList("1"));
+    QCOMPARE(program.printed("high dpi pictures"), QStringList("1"));
+    QCOMPARE(program.printed("icons"), QStringList("orv"));
+    QCOMPARE(program.printed("sizes of the window's icon"), QStringList("7"));
     QCOMPARE(program.printed("style"), QStringList("orv::proxy_style"));
     QCOMPARE(program.printed("wake-up delay"), QStringList("2000"));
 }

@@ -3,6 +3,8 @@
 #include "test_main.h"
 
 #include <QFileDialog>
+#include <QIcon>
+#include <QMessageBox>
 #include <QPalette>
 #include <QPointer>
 #include <QProxyStyle>
@@ -87,6 +89,10 @@ private slots:
     void tool_tip_waits_for_two_seconds_in_fact();
     void application_owns_the_style();
     void what_has_no_sheet_is_dark_with_light_text();
+    void windows_have_the_programs_icon();
+    void message_boxes_have_icons_of_the_skin_data();
+    void message_boxes_have_icons_of_the_skin();
+    void icons_of_the_desktop_stand_behind_those_of_the_skin();
     void style_keeps_its_delays_apart();
     void style_answers_other_hints_as_the_platform_does_data();
     void style_answers_other_hints_as_the_platform_does();
@@ -166,6 +172,42 @@ void test_program_setup::what_has_no_sheet_is_dark_with_light_text()
     QVERIFY(lightness(QPalette::ButtonText) - lightness(QPalette::Button) > readable_distance);
     QVERIFY(lightness(QPalette::Highlight) - lightness(QPalette::HighlightedText) >
             readable_distance);
+}
+
+void test_program_setup::windows_have_the_programs_icon()
+{
+    install_icons();
+    const QWidget window;
+    for (const int size : {16, 24, 32, 48, 64, 128, 256}) {
+        const QPixmap drawn(QString(":/program_icon/kelvra-%1.png").arg(size));
+        QCOMPARE(window.windowIcon().pixmap(size, size).toImage(), drawn.toImage());
+    }
+}
+
+void test_program_setup::message_boxes_have_icons_of_the_skin_data()
+{
+    QTest::addColumn<QMessageBox::Icon>("icon");
+    QTest::newRow("error") << QMessageBox::Critical;
+    QTest::newRow("information") << QMessageBox::Information;
+    QTest::newRow("question") << QMessageBox::Question;
+    QTest::newRow("warning") << QMessageBox::Warning;
+}
+
+void test_program_setup::message_boxes_have_icons_of_the_skin()
+{
+    QFETCH(QMessageBox::Icon, icon);
+    install_icons();
+    const QMessageBox box(icon, "Title", "Text");
+    const QPixmap drawn(QString(":/icons/orv/48x48/dialog-%1.png").arg(QTest::currentDataTag()));
+    QVERIFY(!drawn.isNull());
+    QCOMPARE(box.iconPixmap().toImage(), drawn.toImage());
+}
+
+void test_program_setup::icons_of_the_desktop_stand_behind_those_of_the_skin()
+{
+    QIcon::setThemeName("desktop");
+    install_icons();
+    QCOMPARE(QIcon::fallbackThemeName(), QString("desktop"));
 }
 
 void test_program_setup::style_keeps_its_delays_apart()

@@ -17,6 +17,12 @@ class test_resources : public QObject
 private slots:
     void picture_has_its_size_data();
     void picture_has_its_size();
+    void picture_has_a_variant_of_double_density_data() { picture_has_its_size_data(); }
+    void picture_has_a_variant_of_double_density();
+    void program_icon_has_its_size_data();
+    void program_icon_has_its_size();
+    void box_icon_has_its_size_data();
+    void box_icon_has_its_size();
     void icon_has_a_shape_data();
     void icon_has_a_shape();
     void font_is_the_named_one_data();
@@ -121,6 +127,44 @@ void test_resources::picture_has_its_size()
     QImageReader reader(QTest::currentDataTag());
     QCOMPARE(reader.format(), QByteArray("png"));
     QCOMPARE(reader.read().size(), size);
+}
+
+/// A nine-slice picture has none: its edge is three pixels on any screen.
+void test_resources::picture_has_a_variant_of_double_density()
+{
+    QFETCH(QSize, size);
+    const QString path = QString(QTest::currentDataTag()).replace(".png", "@2x.png");
+    const bool is_nine_slice = size == QSize(9, 9);
+    QCOMPARE(QImage(path).size(), is_nine_slice ? QSize(0, 0) : 2 * size);
+}
+
+void test_resources::program_icon_has_its_size_data()
+{
+    QTest::addColumn<int>("size");
+    for (const int size : {16, 24, 32, 48, 64, 128, 256})
+        QTest::newRow(qPrintable(QString::number(size))) << size;
+}
+
+void test_resources::program_icon_has_its_size()
+{
+    QFETCH(int, size);
+    const QImage icon(QString(":/program_icon/kelvra-%1.png").arg(size));
+    QCOMPARE(icon.size(), QSize(size, size));
+    QVERIFY(icon.hasAlphaChannel());
+}
+
+void test_resources::box_icon_has_its_size_data()
+{
+    QTest::addColumn<QString>("name");
+    for (const char *name : {"error", "information", "question", "warning"})
+        QTest::newRow(name) << QString("dialog-%1.png").arg(name);
+}
+
+void test_resources::box_icon_has_its_size()
+{
+    QFETCH(QString, name);
+    QCOMPARE(QImage(":/icons/orv/48x48/" + name).size(), QSize(48, 48));
+    QCOMPARE(QImage(":/icons/orv/48x48@2/" + name).size(), QSize(96, 96));
 }
 
 void test_resources::icon_has_a_shape_data()

@@ -2,7 +2,10 @@
 
 #include "qor/assertion.h"
 
+#include <QApplication>
 #include <QButtonGroup>
+#include <QFile>
+#include <QFileInfo>
 #include <QImage>
 #include <QMouseEvent>
 #include <QPainter>
@@ -34,10 +37,27 @@ constexpr char checked_face_sheet[] = "QPushButton::checked{border-style:none;bo
 constexpr double frame_width_px = 2.0;
 const QColor frame_colour(129, 136, 133, 255);
 
+/// The picture's variant with two pixels to the dot, which Qt reads as of the same size, where a
+/// screen has use for it and there is one; else the picture itself.
+QString path_for_screen(const QString &path)
+{
+    if (qApp->devicePixelRatio() < 2)
+        return path;
+    const QFileInfo picture(path);
+    const QString dense_path =
+        QString("%1/%2@2x.%3").arg(picture.path(), picture.completeBaseName(), picture.suffix());
+    return QFile::exists(dense_path) ? dense_path : path;
+}
+
 void replace(QImage *&image, const QString &path)
 {
     delete image;
-    image = new QImage(QImage(path).convertToFormat(QImage::Format_ARGB32));
+    image = new QImage(QImage(path_for_screen(path)).convertToFormat(QImage::Format_ARGB32));
+}
+
+QSize size_in_dots(const QImage &image)
+{
+    return image.size() / image.devicePixelRatio();
 }
 
 /// Calls `change(pixel)` for each pixel of a picture in the format ARGB32.
@@ -132,7 +152,7 @@ void button_dark::img_highlighter::rebuild()
     else
         recolour();
     halve_alpha(*image_disabled);
-    image_width = image_normal->width();
+    image_width = size_in_dots(*image_normal).width();
 }
 
 button_dark::img_highlighter::paint_function
@@ -143,8 +163,9 @@ button_dark::img_highlighter::get_custom_paint_ex(int x, int y)
         if (!bd)
             qor::assertion_failed("bd", "../orv_toolkit/orv/button_dark", 211, __PRETTY_FUNCTION__);
         if (const QImage *image = image_for(*bd)) {
-            const int left = x == -1 ? centred(bd->width(), image_normal->width()) : x;
-            const int top = y == -1 ? centred(bd->height(), image_normal->height()) : y;
+            const QSize size = size_in_dots(*image_normal);
+            const int left = x == -1 ? centred(bd->width(), size.width()) : x;
+            const int top = y == -1 ? centred(bd->height(), size.height()) : y;
             painter.drawImage(left, top, *image);
         }
         if (bd->draw_frame_when_checked && bd->isCheckable() && bd->isChecked())

@@ -10,8 +10,8 @@
 #include <QDateTime>
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QIcon>
 #include <QLabel>
-#include <QPixmap>
 #include <QVBoxLayout>
 
 namespace orv
@@ -24,6 +24,7 @@ constexpr char dialog_sheet[] = "background-color:rgb(47,47,47);color:rgb(198,21
 constexpr char header_sheet[] = "background-image:url(:/images/Head.png);";
 constexpr char logo_sheet[] = "background-image:none; background-color:none;";
 
+constexpr QSize logo_size(230, 70);
 constexpr int header_height_px = 97;
 constexpr int side_margin_px = 20;
 constexpr int bottom_margin_px = 10;
@@ -43,7 +44,7 @@ QLabel *make_heading(const QString &text)
 QWidget *make_header()
 {
     auto *logo = new QLabel;
-    logo->setPixmap(QPixmap(":/images/logo.png"));
+    logo->setPixmap(QIcon(":/images/logo.png").pixmap(logo_size));
     logo->setStyleSheet(logo_sheet);
 
     auto *header = new QWidget;

@@ -104,6 +104,7 @@ void message_box::add_standard_buttons(QMessageBox &box, StandardButtons buttons
         if (!buttons.testFlag(standard_button))
             continue;
         QPushButton *button = box.addButton(standard_button);
+        button->setIcon(QIcon());  // some platforms bring one that isn't of this skin
         const bool accepts = button_box->buttonRole(button) == QDialogButtonBox::AcceptRole;
         if (!box.defaultButton() && (default_button == 0 ? accepts : default_button == bit))
             box.setDefaultButton(button);

@@ -1,22 +1,63 @@
 #!/bin/sh
-# Renders every SVG source below this folder into the PNG of the same relative
-# name in the folder above, at the pixel size that the SVG itself states.
+# Renders the SVG sources below this folder into the PNG files of the same relative names in the
+# folder above:
 #
-# Usage: render.sh
+#   images/, gui/   at the pixel size that the source states, and, as NAME@2x.png, with two pixels to
+#                   the dot for screens of twice the density: from NAME@2x.svg where the shape has to
+#                   be drawn anew for that, else from NAME.svg. The nine-slice pictures have no such
+#                   variant, since their edge is three pixels in any case.
+#   icons/          the icon theme, 48 by 48 dots for one and for two pixels to the dot
+#   program_icon/   the sizes of the program icon; the small ones have sources of their own
 #
-# Needs rsvg-convert (Debian package librsvg2-bin) and the font family FreeSans
-# (Debian package fonts-freefont-ttf). Installs nothing; may be run repeatedly.
-
+# usage: render.sh
+#
+# Needs rsvg-convert (Debian package librsvg2-bin) and the font family FreeSans (Debian package
+# fonts-freefont-ttf). Installs nothing; may be run repeatedly.
 set -eu
 
 cd "$(dirname "$0")"
 
-find . -name '*.svg' -exec sh -eu -c '
-    for source do
-        source=${source#./}
-        target=../${source%.svg}.png
-        mkdir -p "$(dirname "$target")"
-        rsvg-convert --format=png --output="$target" "$source"
-        echo "$source -> $target"
-    done
-' sh {} +
+# Renders the source $1 to ../$2, with what options follow.
+render() {
+    source=$1
+    target=../$2
+    shift 2
+    mkdir -p "$(dirname "$target")"
+    rsvg-convert --format=png --output="$target" "$@" "$source"
+    echo "$source -> $target"
+}
+
+render_picture() {
+    name=${1%.svg}
+    render "$1" "$name.png"
+    case $name in
+    gui/button/* | gui/panel/*) ;;
+    *)
+        if [ -e "$name@2x.svg" ]; then
+            render "$name@2x.svg" "$name@2x.png"
+        else
+            render "$1" "$name@2x.png" --zoom=2
+        fi
+        ;;
+    esac
+}
+
+for source in images/*.svg gui/*.svg gui/*/*.svg; do
+    case $source in
+    *@2x.svg) ;;
+    *) render_picture "$source" ;;
+    esac
+done
+
+for source in icons/orv/*.svg; do
+    name=$(basename "$source" .svg)
+    render "$source" "icons/orv/48x48/$name.png"
+    render "$source" "icons/orv/48x48@2/$name.png" --zoom=2
+done
+
+for size in 16 24 32; do
+    render "program_icon/kelvra-$size.svg" "program_icon/kelvra-$size.png"
+done
+for size in 48 64 128 256; do
+    render program_icon/kelvra.svg "program_icon/kelvra-$size.png" --width="$size" --height="$size"
+done

@@ -17,6 +17,7 @@
 #include <QComboBox>
 #include <QFileOpenEvent>
 #include <QGenericPlugin>
+#include <QIcon>
 #include <QMainWindow>
 #include <QMessageBox>
 #include <QPushButton>
@@ -47,6 +48,11 @@ void print_report(const QMainWindow &window)
     print("version", QCoreApplication::applicationVersion());
     print("high dpi",
           QString::number(QCoreApplication::testAttribute(Qt::AA_EnableHighDpiScaling)));
+    print("high dpi pictures",
+          QString::number(QCoreApplication::testAttribute(Qt::AA_UseHighDpiPixmaps)));
+    print("icons", QIcon::themeName());
+    print("sizes of the window's icon",
+          QString::number(window.windowIcon().availableSizes().size()));
     print("style", QApplication::style()->metaObject()->className());
     print("wake-up delay",
           QString::number(QApplication::style()->styleHint(QStyle::SH_ToolTip_WakeUpDelay)));
