@@ -16,7 +16,8 @@ constexpr double smallest_zone_hours = -12.0;
 constexpr double greatest_zone_hours = 14.0;
 constexpr int zone_decimals = 2;
 
-const QColor placeholder_colour(129, 136, 133);
+/// The grey of the icons, lightened until it reads well on the fields (contrast 4.7 to 1).
+const QColor placeholder_colour(138, 145, 142);
 
 }  // namespace
 

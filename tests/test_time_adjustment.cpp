@@ -8,10 +8,13 @@
 #include <QIntValidator>
 #include <QLabel>
 
+#include <cmath>
 #include <limits>
 
 namespace
 {
+
+const QColor placeholder_colour(138, 145, 142);
 
 constexpr char panel_sheet[] = "color: "
                                "rgb(198,213,210);\nborder-style:solid;\nborder-width:3px;\nborder-"
@@ -55,6 +58,22 @@ bool has_colour(const QImage &picture, const QColor &colour)
     return false;
 }
 
+/// Relative luminance, as WCAG 2.1 defines it.
+double luminance(const QColor &colour)
+{
+    const auto linear = [](double channel) {
+        return channel <= 0.03928 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+           0.0722 * linear(colour.blueF());
+}
+
+/// The contrast ratio of WCAG 2.1, of a colour to a darker one.
+double contrast(const QColor &light, const QColor &dark)
+{
+    return (luminance(light) + 0.05) / (luminance(dark) + 0.05);
+}
+
 }  // namespace
 
 class test_time_adjustment : public QObject
@@ -74,6 +93,7 @@ private slots:
     void zone_field_takes_two_decimals_from_minus_12_to_14();
     void tooltip_goes_to_all_labels_and_fields();
     void placeholder_shows_greyer_than_a_typed_number();
+    void placeholder_has_contrast_enough_to_be_read();
     void empty_zone_shows_nothing();
     void tab_goes_from_the_year_to_the_zone();
     void first_field_takes_the_keyboard();
@@ -237,10 +257,16 @@ void test_time_adjustment::placeholder_shows_greyer_than_a_typed_number()
     auto *field = find<orv::lineedit>("lineedit_month");
     const QRect inside = field->rect().adjusted(2, 2, -2, -2);
     const QImage empty = field->grab(inside).toImage();
-    QVERIFY(has_colour(empty, QColor(129, 136, 133)));
+    QVERIFY(has_colour(empty, placeholder_colour));
     QVERIFY(!has_colour(empty, text_colour));
     QTest::keyClicks(field, "8");
     QVERIFY(has_colour(field->grab(inside).toImage(), text_colour));
+}
+
+void test_time_adjustment::placeholder_has_contrast_enough_to_be_read()
+{
+    const QColor input_background(38, 38, 38);
+    QVERIFY(contrast(placeholder_colour, input_background) >= 4.5);
 }
 
 void test_time_adjustment::empty_zone_shows_nothing()
