@@ -1,14 +1,18 @@
 #!/bin/sh
 # Installs the Debian packages that are missing, and says which.
 #
-# usage: packaging/install_packages.sh build [test]
-#   build  what building and running Kelvra takes
-#   test   what its tests and the virtual display take besides
+# usage: packaging/install_packages.sh SET...
+#   build        what building and running Kelvra takes
+#   test         what its tests and the virtual display take besides
+#   screenshots  what taking the pictures of its screens takes besides the first
+#   artwork      what rendering its pictures from their sources takes
 set -eu
 
 build_packages="cmake g++ ninja-build qtbase5-dev qttools5-dev qttools5-dev-tools
     libimage-exiftool-perl qttranslations5-l10n fonts-freefont-ttf"
 test_packages="git libxml2-utils tzdata w3c-sgml-lib xauth xvfb"
+screenshot_packages="imagemagick openbox procps x11-utils xauth xdotool xvfb"
+artwork_packages="fonts-freefont-ttf librsvg2-bin"
 
 is_installed() {
     [ "$(dpkg-query --show --showformat='${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
@@ -19,6 +23,8 @@ for set in "$@"; do
     case $set in
     build) packages=$build_packages ;;
     test) packages=$test_packages ;;
+    screenshots) packages=$screenshot_packages ;;
+    artwork) packages=$artwork_packages ;;
     *)
         echo "unknown set of packages: $set" >&2
         exit 2

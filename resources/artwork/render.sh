@@ -11,11 +11,11 @@
 #
 # usage: render.sh
 #
-# Needs rsvg-convert (Debian package librsvg2-bin) and the font family FreeSans (Debian package
-# fonts-freefont-ttf). Installs nothing; may be run repeatedly.
+# Installs missing Debian packages first.
 set -eu
-
 cd "$(dirname "$0")"
+
+../../packaging/install_packages.sh artwork
 
 # Renders the source $1 to ../$2, with what options follow.
 render() {

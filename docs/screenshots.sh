@@ -1,0 +1,355 @@
+#!/bin/sh
+# Takes a picture of each screen of the real program, under a virtual display with a window manager,
+# in both languages and at the scale factors 1 and 2. Installs missing Debian packages first, and
+# builds the program.
+#
+# usage: docs/screenshots.sh
+#
+# The pictures are left in build/screenshots/LANGUAGE-SCALEx/; those of the scale 1 are also copied
+# to docs/screenshots/LANGUAGE/, where the documents show them. Ends with an error if the program
+# wrote anything to its standard error.
+set -eu
+
+script=$(realpath "$0")
+tree=$(dirname "$(dirname "$script")")
+
+holiday_photos="IMG_2041 IMG_2042 IMG_2043 IMG_2044 IMG_2045 IMG_2046
+    P1080317 P1080318 P1080319 P1080320 P1080321"
+many_photos=60
+
+# --- Photos -----------------------------------------------------------------------------------
+
+make_photo() {
+    photo=$1
+    shift
+    convert -size 96x64 'gradient:#7f9ab0-#c9b48a' "$photo"
+    exiftool -quiet -overwrite_original "$@" "$photo"
+}
+
+# Two cameras, of which one is an hour and a half behind, a scan with an IPTC date without a zone,
+# and a map without any recording time.
+make_photos() {
+    mkdir -p "$1/holiday" "$1/many"
+    minute=10
+    for name in $holiday_photos; do
+        case $name in
+        IMG_*) time="15:$minute:21" ;;
+        *) time="13:$minute:48" ;;
+        esac
+        make_photo "$1/holiday/$name.JPG" "-ExifIFD:DateTimeOriginal=2026:08:14 $time"
+        minute=$((minute + 4))
+    done
+    make_photo "$1/holiday/Map.JPG" -Title=Map
+    make_photo "$1/holiday/Scan.JPG" "-ExifIFD:DateTimeOriginal=1972:05:01 12:00:00" \
+        -IPTC:DateCreated=1972:05:01
+    for number in $(seq "$many_photos"); do
+        cp "$1/holiday/IMG_2041.JPG" "$1/many/$number.JPG"
+    done
+}
+
+# --- Windows ----------------------------------------------------------------------------------
+
+wait_until() {
+    tries=200
+    until "$@"; do
+        tries=$((tries - 1))
+        if [ "$tries" -eq 0 ]; then
+            echo "waited in vain for: $*; see $folder/waited_in_vain.png" >&2
+            import -window root "$folder/waited_in_vain.png"
+            exit 1
+        fi
+        sleep 0.05
+    done
+}
+
+active_window() {
+    xdotool getactivewindow 2>/dev/null
+}
+
+is_active() {
+    [ "$(active_window)" = "$1" ]
+}
+
+is_another_active() {
+    window=$(active_window) && [ "$window" != "$1" ]
+}
+
+# Puts the window that came up over the window $1 into `dialog`, once it had time to be painted.
+find_dialog_over() {
+    wait_until is_another_active "$1"
+    sleep 0.4
+    dialog=$(active_window)
+}
+
+close_dialog_over() {
+    xdotool key Escape
+    wait_until is_active "$1"
+    sleep 0.3
+}
+
+# The number behind the word $2 in what the display says about the window $1.
+window_info() {
+    xwininfo -id "$1" | sed -n "s/^ *$2: *//p"
+}
+
+# Moves the mouse to the point $2, $3 of the window $1, in the program's own pixels; negative ones
+# are counted from the right and from the bottom.
+point_at() {
+    x=$(($2 * scale))
+    y=$(($3 * scale))
+    [ "$x" -ge 0 ] || x=$(($(window_info "$1" Width) + x))
+    [ "$y" -ge 0 ] || y=$(($(window_info "$1" Height) + y))
+    xdotool mousemove --window "$1" "$x" "$y"
+    sleep 0.3
+}
+
+click() {
+    point_at "$@"
+    xdotool click 1
+}
+
+move_mouse_away() {
+    xdotool mousemove 0 0
+    sleep 0.3
+}
+
+resize_main() {
+    xdotool windowsize --sync "$main" $(($1 * scale)) $(($2 * scale))
+    sleep 0.5
+}
+
+# --- Pictures ---------------------------------------------------------------------------------
+
+# The window $2 without its frame, as $1.
+take() {
+    import -window "$2" "$folder/$1.png"
+}
+
+# The two big buttons, as $1.
+take_big_buttons() {
+    import -window "$main" -crop "$((190 * scale))x$((66 * scale))+$((290 * scale))+$((30 * scale))" \
+        +repage "$folder/$1.png"
+}
+
+# The window $2 with what lies over it, and $3 pixels above and below it, as $1.
+take_with_popups() {
+    left=$(window_info "$2" "Absolute upper-left X")
+    top=$(($(window_info "$2" "Absolute upper-left Y") - $3 * scale))
+    width=$(window_info "$2" Width)
+    height=$(($(window_info "$2" Height) + 2 * $3 * scale))
+    import -window root -crop "${width}x$height+$left+$top" +repage "$folder/$1.png"
+}
+
+# --- Screens ----------------------------------------------------------------------------------
+
+click_settings() { click "$main" 22 15; }
+click_about() { click "$main" -50 15; }
+click_load() { click "$main" 137 139; }
+point_at_fix() { point_at "$main" 360 63; }
+click_year_field() { click "$main" 340 145; }
+
+# Brings up the file dialog and types the names of all photos in the folder $1.
+select_photos() {
+    click_load
+    find_dialog_over "$main"
+    xdotool type --delay 5 "$1"
+    xdotool key Return
+    sleep 0.5
+    xdotool type --delay 5 "$(cd "$1" && printf '"%s" ' *.JPG)"
+    sleep 0.3
+}
+
+# Types a shift from the year field on; "Tab" goes to the next field.
+type_shift() {
+    click_year_field
+    xdotool key ctrl+a
+    for word in "$@"; do
+        case $word in
+        Tab) xdotool key Tab ;;
+        *) xdotool type -- "$word" ;;
+        esac
+    done
+    sleep 0.3
+}
+
+shoot_empty_window() {
+    take first_start "$main"
+    take_big_buttons button_disabled
+    point_at_fix
+    take_big_buttons button_hovered
+    sleep 2.5
+    take_with_popups tooltip "$main" 0
+    xdotool mousedown 1
+    sleep 0.2
+    take_big_buttons button_pressed
+    move_mouse_away
+    xdotool mouseup 1
+}
+
+shoot_settings() {
+    click_settings
+    find_dialog_over "$main"
+    take settings "$dialog"
+    click "$dialog" -60 20
+    sleep 0.3
+    take_with_popups settings_languages "$dialog" 24
+    xdotool key "$other_language_key" Return Escape
+    sleep 0.3
+    find_dialog_over "$dialog"
+    take language_changed "$dialog"
+    # Escape would quit the program.
+    xdotool key Return
+    wait_until is_active "$main"
+}
+
+shoot_about() {
+    click_about
+    find_dialog_over "$main"
+    about=$dialog
+    move_mouse_away
+    take about "$about"
+    click "$about" $(($(window_info "$about" Width) / scale / 2)) -36
+    find_dialog_over "$about"
+    take libraries "$dialog"
+    close_dialog_over "$about"
+    close_dialog_over "$main"
+}
+
+shoot_report() {
+    xdotool key ctrl+shift+g
+    find_dialog_over "$main"
+    take report "$dialog"
+    close_dialog_over "$main"
+}
+
+shoot_photos() {
+    select_photos "$photos/holiday"
+    take select_files "$dialog"
+    xdotool key Return
+    wait_until is_active "$main"
+    sleep 1
+    type_shift 0 Tab Tab Tab 1 Tab 30
+    move_mouse_away
+    take preview "$main"
+    resize_main 800 600
+    take smallest_window "$main"
+    resize_main 1920 1080
+    take largest_window "$main"
+    resize_main 800 700
+}
+
+shoot_warnings() {
+    type_shift -1
+    point_at_fix
+    xdotool click 1
+    find_dialog_over "$main"
+    take warning_zone "$dialog"
+    zone_warning=$dialog
+    xdotool key Return
+    find_dialog_over "$zone_warning"
+    take warning_early "$dialog"
+    close_dialog_over "$main"
+}
+
+shoot_failure() {
+    rm "$photos/holiday/P1080318.JPG" "$photos/holiday/P1080320.JPG"
+    type_shift 0 Tab Tab Tab Tab Tab Tab 2
+    point_at_fix
+    xdotool click 1
+    sleep 1
+    find_dialog_over "$main"
+    take failure "$dialog"
+    close_dialog_over "$main"
+}
+
+# The tool is held in the middle of the load.
+shoot_progress() {
+    select_photos "$photos/many"
+    xdotool key Return
+    sleep 0.1
+    pkill -STOP -P "$program"
+    find_dialog_over "$main"
+    take progress "$dialog"
+    pkill -CONT -P "$program"
+    wait_until is_active "$main"
+}
+
+# --- Runs -------------------------------------------------------------------------------------
+
+start_program() {
+    mkdir -p "$HOME/.config/Vorrin"
+    printf '[General]\nlang=%s\n' "$language" >"$HOME/.config/Vorrin/Kelvra.conf"
+    QT_SCALE_FACTOR=$scale "$tree/build/release/bin/kelvra" \
+        >"$scratch/stdout.txt" 2>"$scratch/stderr.txt" &
+    program=$!
+    main=$(xdotool search --sync --onlyvisible --name '^Kelvra$' | tail -n 1)
+    wait_until is_active "$main"
+    xdotool windowmove --sync "$main" 40 40
+    sleep 0.5
+}
+
+# The window manager closes the window, so that the program ends by itself.
+end_program() {
+    xdotool key alt+F4
+    wait "$program"
+    # Qt asks for the window below the mouse, whose frame the window manager may just have taken away.
+    if grep -v "XCB error: 3 (BadWindow).*(TranslateCoords)" "$scratch/stderr.txt" >&2; then
+        echo "the program wrote this to its standard error" >&2
+        exit 1
+    fi
+}
+
+# One run of the program; called by this script for itself, under the virtual display.
+shoot_all_screens() {
+    language=$1
+    scale=$2
+    folder=$3
+    case $language in
+    de) other_language_key=Down ;;
+    *) other_language_key=Up ;;
+    esac
+
+    # A fixed name, since it shows in pictures.
+    scratch=/tmp/kelvra-screenshots
+    mkdir -m 700 "$scratch"
+    trap 'kill $(jobs -p) 2>/dev/null || true; rm -rf "$scratch"' EXIT
+    export HOME="$scratch/anna" XDG_RUNTIME_DIR="$scratch"
+    photos=$HOME/Pictures
+    make_photos "$photos"
+    openbox 2>/dev/null &
+    start_program
+
+    shoot_empty_window
+    shoot_settings
+    shoot_about
+    shoot_report
+    shoot_photos
+    shoot_warnings
+    shoot_failure
+    shoot_progress
+    end_program
+}
+
+if [ "${1:-}" = --under-display ]; then
+    shoot_all_screens "$2" "$3" "$4"
+    exit
+fi
+
+cd "$tree"
+packaging/install_packages.sh build screenshots
+cmake --preset release
+cmake --build --preset release --target kelvra
+for language in en de; do
+    for scale in 1 2; do
+        folder=$tree/build/screenshots/$language-${scale}x
+        rm -rf "$folder"
+        mkdir -p "$folder"
+        echo "$folder"
+        xvfb-run --auto-servernum \
+            --server-args="-screen 0 $((2000 * scale))x$((1160 * scale))x24 -dpi 96" \
+            env -u XDG_CONFIG_HOME LC_ALL=C.UTF-8 TZ=UTC \
+            "$script" --under-display "$language" "$scale" "$folder"
+    done
+    mkdir -p "docs/screenshots/$language"
+    cp "build/screenshots/$language-1x/"*.png "docs/screenshots/$language/"
+done
