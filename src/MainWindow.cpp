@@ -56,6 +56,7 @@ orv::button_dark *make_button(const QString &tooltip, QSize size, const QString 
     auto *button = new orv::button_dark(nullptr);
     button->setFixedSize(size);
     button->setToolTip(tooltip);
+    button->setAccessibleName(tooltip);
     button->set_icon(icon, -1, -1, hot_icon_colour, normal_icon_colour);
     return button;
 }

@@ -57,8 +57,11 @@ QWidget *dialog_settings::make_content()
     grid->setContentsMargins(margin_px, margin_px, margin_px, margin_px);
     grid->setHorizontalSpacing(horizontal_spacing_px);
     grid->setVerticalSpacing(vertical_spacing_px);
-    grid->addWidget(new QLabel(tr("Language:")), 0, 0);
-    grid->addWidget(make_language_box(), 0, 1);
+    auto *label = new QLabel(tr("Language:"));
+    orv::combobox *box = make_language_box();
+    label->setBuddy(box);
+    grid->addWidget(label, 0, 0);
+    grid->addWidget(box, 0, 1);
     return content;
 }
 

@@ -105,6 +105,7 @@ void time_adjustment_form::add_column(int column, QLabel *&column_label, const c
     field->setStyleSheet(orv::lineedit::sheet);
     field->setPlaceholderText("0");
     gridLayout_3->addWidget(field, field_row, column);
+    column_label->setBuddy(field);
 }
 
 /// The zone's field follows by its place in the focus chain.

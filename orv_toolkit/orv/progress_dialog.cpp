@@ -29,6 +29,7 @@ void progress_dialog::set_up(const QString &title, const QString &label, const Q
     setFixedSize(dialog_width(width()), height());
     auto *bar = new QProgressBar(this);
     bar->setFormat(bar_format);
+    bar->setAccessibleName(label);
     setBar(bar);
     reset();
 }
