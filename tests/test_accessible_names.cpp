@@ -127,6 +127,7 @@ private slots:
     void nothing_in_the_window_is_nameless();
     void nothing_in_a_dialog_is_nameless();
     void buttons_are_named_by_their_tooltips();
+    void screen_reader_can_press_a_button();
     void fields_are_named_by_the_labels_above();
     void formats_are_named_by_their_texts();
     void language_box_belongs_to_its_label();
@@ -209,6 +210,15 @@ void test_accessible_names::buttons_are_named_by_their_tooltips()
                                 "Bilder Laden",
                                 "Liste geladener Bilder leeren"};
     QCOMPARE(names_of(buttons), in_language(english, german));
+}
+
+/// The buttons can't be reached by the keyboard.
+void test_accessible_names::screen_reader_can_press_a_button()
+{
+    QTest::keyClicks(shift_field(*window, "hour"), "1");
+    QAccessibleInterface *button = QAccessible::queryAccessibleInterface(window->button_reset);
+    button->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    QTRY_COMPARE(shift_field(*window, "hour")->text(), QString());
 }
 
 /// Typed text is the value: the name stays.

@@ -38,10 +38,10 @@ constexpr double frame_width_px = 2.0;
 const QColor frame_colour(129, 136, 133, 255);
 
 /// The picture's variant with two pixels to the dot, which Qt reads as of the same size, where a
-/// screen has use for it and there is one; else the picture itself.
+/// screen has more than one and the variant exists; else the picture itself.
 QString path_for_screen(const QString &path)
 {
-    if (qApp->devicePixelRatio() < 2)
+    if (qApp->devicePixelRatio() <= 1)
         return path;
     const QFileInfo picture(path);
     const QString dense_path =

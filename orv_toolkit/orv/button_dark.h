@@ -39,7 +39,7 @@ public:
 
         /// Loads the picture at `path` and colours it for each state; without a path nothing is
         /// done. A picture that can't be loaded paints nothing and has the width 0. On screens with
-        /// two pixels to the dot NAME@2x is loaded in place of NAME, if it exists.
+        /// more than a pixel to the dot NAME@2x is loaded in place of NAME, if it exists.
         void rebuild();
 
         /// A painter of the icon for a `button_dark`; any other button ends the program. It borrows
