@@ -265,8 +265,12 @@ void test_time_adjustment::placeholder_shows_greyer_than_a_typed_number()
 
 void test_time_adjustment::placeholder_has_contrast_enough_to_be_read()
 {
-    const QColor input_background(38, 38, 38);
-    QVERIFY(contrast(placeholder_colour, input_background) >= 4.5);
+    panel->show();
+    QVERIFY(QTest::qWaitForWindowExposed(panel));
+    const QPalette palette = find<orv::lineedit>("lineedit_month")->palette();
+    QCOMPARE(palette.color(QPalette::Base), QColor(38, 38, 38));
+    QVERIFY(contrast(palette.color(QPalette::PlaceholderText), palette.color(QPalette::Base)) >=
+            4.5);
 }
 
 void test_time_adjustment::empty_zone_shows_nothing()
