@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QStringList>
+#include <QtGlobal>
+
+/// Takes what is said through Qt while this lives, of whatever rank: Qt reports some faults, such
+/// as an unknown property in a style sheet, as mere debug output.
+class message_collector
+{
+public:
+    message_collector()
+    {
+        collected.clear();
+        before = qInstallMessageHandler(take);
+    }
+    ~message_collector() { qInstallMessageHandler(before); }
+
+    message_collector(const message_collector &) = delete;
+    message_collector &operator=(const message_collector &) = delete;
+
+    QStringList messages() const { return collected; }
+
+private:
+    static void take(QtMsgType type, const QMessageLogContext &context, const QString &text)
+    {
+        if (type == QtFatalMsg)
+            before(type, context, text);
+        else
+            collected << text;
+    }
+
+    static inline QStringList collected;
+    static inline QtMessageHandler before = nullptr;
+};

@@ -1,0 +1,317 @@
+#include "program_screens.h"
+
+#include "dialog_settings.h"
+#include "orv/clickable_label.h"
+#include "orv/combobox.h"
+#include "orv/dialog_3rd_part_lib_info.h"
+#include "orv/dialog_about.h"
+#include "orv/message_box.h"
+#include "report_keys.h"
+#include "when_modal.h"
+
+#include <QAbstractItemView>
+#include <QFileDialog>
+#include <QHelpEvent>
+#include <QSettings>
+#include <QTableView>
+
+namespace
+{
+
+/// Photos of each kind of row, and a shift.
+void fill_window(stand_in_road &road)
+{
+    const QString dated =
+        road.make_photo("IMG_2041.JPG", {"ExifIFD:DateTimeOriginal=2026:08:14 15:10:21"});
+    const QString with_zone = road.make_photo(
+        "P1080317 - Grüße.JPG", {"ExifIFD:DateTimeOriginal=2026:08:14 13:10:48",
+                                 "IPTC:DateCreated=2026:08:14", "IPTC:TimeCreated=13:10:48+05:45"});
+    drop_photos(*road.window, {dated, with_zone, road.make_photo("Map.JPG", {})});
+    type_shift(*road.window, "hour", "1");
+    type_shift(*road.window, "minute", "30");
+    type_shift(*road.window, "timezone", "2");
+}
+
+void open_empty_window(stand_in_road &road, const screen_visit &visit)
+{
+    visit(*road.window);
+}
+
+void open_filled_window(stand_in_road &road, const screen_visit &visit)
+{
+    fill_window(road);
+    visit(*road.window);
+}
+
+void open_resized_window(stand_in_road &road, QSize size, const screen_visit &visit)
+{
+    fill_window(road);
+    road.window->resize(size);
+    if (!QTest::qWaitFor([&] { return road.window->size() == size; }))
+        qFatal("the window doesn't take the size");
+    visit(*road.window);
+}
+
+void open_small_window(stand_in_road &road, const screen_visit &visit)
+{
+    open_resized_window(road, road.window->minimumSize(), visit);
+}
+
+void open_large_window(stand_in_road &road, const screen_visit &visit)
+{
+    open_resized_window(road, {1920, 1080}, visit);
+}
+
+void open_sorted_window(stand_in_road &road, const screen_visit &visit)
+{
+    fill_window(road);
+    road.window->ui->tableView->sortByColumn(table_data_model::recording_time_column,
+                                             Qt::DescendingOrder);
+    visit(*road.window);
+}
+
+/// Again and again, since a window manager may still move the window.
+bool move_mouse_over(QWidget *button)
+{
+    return QTest::qWaitFor([button] {
+        QTest::mouseMove(button->window(), {1, 1});
+        QTest::mouseMove(button);
+        return button->underMouse();
+    });
+}
+
+void open_hovered_button(stand_in_road &road, const screen_visit &visit)
+{
+    if (!move_mouse_over(road.window->button_fix_time))
+        qFatal("the mouse isn't over the button");
+    visit(*road.window->button_fix_time);
+    QTest::mouseMove(road.window.get(), {1, 1});
+}
+
+void open_pressed_button(stand_in_road &road, const screen_visit &visit)
+{
+    QTest::mousePress(road.window->button_reset, Qt::LeftButton);
+    visit(*road.window->button_reset);
+    QTest::mouseRelease(road.window->button_reset, Qt::LeftButton);
+}
+
+void open_disabled_button(stand_in_road &road, const screen_visit &visit)
+{
+    if (!road.window->button_undo->isEnabled())
+        visit(*road.window->button_undo);
+}
+
+QWidget *shown_tip()
+{
+    for (QWidget *widget : QApplication::topLevelWidgets()) {
+        if (widget->isVisible() && widget->inherits("QTipLabel"))
+            return widget;
+    }
+    return nullptr;
+}
+
+void open_tip(QWidget *widget, const screen_visit &visit)
+{
+    const QPoint middle = widget->rect().center();
+    QHelpEvent help(QEvent::ToolTip, middle, widget->mapToGlobal(middle));
+    QCoreApplication::sendEvent(widget, &help);
+    if (QWidget *tip = shown_tip()) {
+        visit(*tip);
+        tip->close();
+    }
+}
+
+void open_tip_of_a_button(stand_in_road &road, const screen_visit &visit)
+{
+    open_tip(road.window->button_fix_time, visit);
+}
+
+void open_tip_of_the_shift(stand_in_road &road, const screen_visit &visit)
+{
+    open_tip(shift_field(*road.window, "hour"), visit);
+}
+
+void open_settings(stand_in_road &road, const screen_visit &visit)
+{
+    const when_modal<dialog_settings> user([&visit](dialog_settings &dialog) { visit(dialog); });
+    click(road.window->button_settings);
+}
+
+void open_languages(stand_in_road &road, const screen_visit &visit)
+{
+    const when_modal<dialog_settings> user([&visit](dialog_settings &dialog) {
+        auto *box = dialog.findChild<orv::combobox *>();
+        click(box);
+        visit(*box->view()->window());
+        box->hidePopup();
+    });
+    click(road.window->button_settings);
+}
+
+/// Picks the other language than the one in force.
+void pick_other_language(dialog_settings &dialog)
+{
+    auto *box = dialog.findChild<orv::combobox *>();
+    QTest::keyClick(box, box->currentIndex() == 0 ? Qt::Key_Down : Qt::Key_Up);
+}
+
+void open_language_question(stand_in_road &road, const screen_visit &visit)
+{
+    std::unique_ptr<when_modal<orv::message_box>> question;
+    const when_modal<dialog_settings> user([&](dialog_settings &dialog) {
+        pick_other_language(dialog);
+        dialog.close();
+        question = std::make_unique<when_modal<orv::message_box>>([&](orv::message_box &box) {
+            visit(box);
+            click(box.button(QMessageBox::Yes));
+        });
+    });
+    click(road.window->button_settings);
+}
+
+void open_about(stand_in_road &road, const screen_visit &visit)
+{
+    const when_modal<orv::dialog_about> user(
+        [&visit](orv::dialog_about &dialog) { visit(dialog); });
+    click(road.window->button_about);
+}
+
+void open_libraries(stand_in_road &road, const screen_visit &visit)
+{
+    using library_dialog = orv::dialog_3rd_part_lib_info;
+    const when_modal<orv::dialog_about> user([&visit](orv::dialog_about &dialog) {
+        const when_modal<library_dialog> reader([&visit](library_dialog &list) { visit(list); });
+        click(dialog.findChild<orv::clickable_label *>());
+    });
+    click(road.window->button_about);
+}
+
+void open_report(stand_in_road &road, const screen_visit &visit)
+{
+    const when_modal<orv::message_box> user([&visit](orv::message_box &box) { visit(box); });
+    press_keys(road.window.get(), Qt::Key_G, Qt::ControlModifier | Qt::ShiftModifier);
+}
+
+void open_file_dialog(stand_in_road &road, const screen_visit &visit)
+{
+    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    const when_modal<QFileDialog> user([&visit](QFileDialog &dialog) { visit(dialog); });
+    click(road.window->button_load_images);
+}
+
+/// Visits the dialog when the batch has come to its end, where it is always painted.
+void watch_end(progress_watch &watch, orv::progress_dialog *dialog, int steps,
+               const screen_visit &visit)
+{
+    watch.at(steps, [dialog, &visit] {
+        if (dialog->isVisible())
+            visit(*dialog);
+    });
+}
+
+void open_load_progress(stand_in_road &road, const screen_visit &visit)
+{
+    progress_watch watch(*road.window->progress_load);
+    watch_end(watch, road.window->progress_load, 2, visit);
+    drop_photos(*road.window, {road.make_photo("a.jpg", {}), road.make_photo("b.jpg", {})});
+}
+
+void open_fix_progress(stand_in_road &road, const screen_visit &visit)
+{
+    const QStringList tags = {"ExifIFD:DateTimeOriginal=2017:05:03 12:00:00"};
+    drop_photos(*road.window, {road.make_photo("a.jpg", tags), road.make_photo("b.jpg", tags)});
+    progress_watch watch(*road.window->progress_fix);
+    watch_end(watch, road.window->progress_fix, 2, visit);
+    click(road.window->button_fix_time);
+}
+
+void open_box_of_a_fix(stand_in_road &road, const screen_visit &visit)
+{
+    const when_modal<orv::message_box> user([&visit](orv::message_box &box) { visit(box); });
+    click(road.window->button_fix_time);
+}
+
+void open_zone_warning(stand_in_road &road, const screen_visit &visit)
+{
+    road.load_photo(
+        "a.jpg", {"ExifIFD:DateTimeOriginal=2017:05:03 12:00:00", "IPTC:DateCreated=2017:05:03"});
+    open_box_of_a_fix(road, visit);
+}
+
+void open_early_warning(stand_in_road &road, const screen_visit &visit)
+{
+    road.load_dated_photo("a.jpg", "1971:12:31 23:59:59");
+    open_box_of_a_fix(road, visit);
+}
+
+void open_failure_box(stand_in_road &road, const screen_visit &visit)
+{
+    QStringList paths;
+    for (const QString name : {"P1080318.JPG", "P1080320 - Grüße aus dem Urlaub.JPG"}) {
+        paths << road.make_photo(name, {"ExifIFD:DateTimeOriginal=2017:05:03 12:00:00"});
+        road.tool.refuse_writes(name);
+    }
+    drop_photos(*road.window, paths);
+    open_box_of_a_fix(road, visit);
+}
+
+}  // namespace
+
+const std::vector<program_screen> program_screens = {
+    {"empty window", open_empty_window},
+    {"window with photos", open_filled_window},
+    {"window at its smallest", open_small_window},
+    {"window on a large screen", open_large_window},
+    {"window sorted by time", open_sorted_window},
+    {"hovered button", open_hovered_button},
+    {"pressed button", open_pressed_button},
+    {"disabled button", open_disabled_button},
+    {"tool tip of a button", open_tip_of_a_button},
+    {"tool tip of the shift", open_tip_of_the_shift},
+    {"settings", open_settings},
+    {"languages", open_languages},
+    {"language question", open_language_question},
+    {"about", open_about},
+    {"libraries", open_libraries},
+    {"report", open_report},
+    {"file dialog", open_file_dialog},
+    {"load progress", open_load_progress},
+    {"fix progress", open_fix_progress},
+    {"zone warning", open_zone_warning},
+    {"early warning", open_early_warning},
+    {"failure box", open_failure_box},
+};
+
+void add_screen_rows(const QString &left_out)
+{
+    QTest::addColumn<QString>("language");
+    QTest::addColumn<program_screen>("screen");
+    for (const char *language : {"en", "de"}) {
+        for (const program_screen &screen : program_screens) {
+            if (screen.name != left_out)
+                QTest::addRow("%s, %s", language, screen.name) << language << screen;
+        }
+    }
+}
+
+void open_screen(const program_screen &screen, stand_in_road &road, const screen_visit &visit)
+{
+    bool came_up = false;
+    screen.open(road, [&](QWidget &shown) {
+        came_up = QTest::qWaitForWindowExposed(shown.window()) && !shown.grab().isNull();
+        visit(shown);
+    });
+    if (!came_up)
+        qFatal("no %s came up", screen.name);
+}
+
+language_run::language_run(stand_in_road &new_road, const QString &language) : road(new_road)
+{
+    road.start();
+    QSettings().setValue("lang", language);
+    if (language == "de")
+        catalogues = std::make_unique<german_catalogues>();
+    close_window(road.window);
+    road.window = open_window();
+    road.tool.forget();
+}

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "german_catalogues.h"
+#include "stand_in_road.h"
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+/// What a test does with a screen while it shows.
+using screen_visit = std::function<void(QWidget &screen)>;
+
+/// A screen of the program and a user's way to it.
+struct program_screen {
+    const char *name;
+
+    /// Opens the screen from a fresh window, hands it over and leaves it again. What is handed over
+    /// is the widget that the screen is about: a window, or a button in its state.
+    void (*open)(stand_in_road &road, const screen_visit &visit);
+};
+
+/// All screens of the program.
+extern const std::vector<program_screen> program_screens;
+
+/// A row for each screen in each language, with the columns "language" ("en" or "de") and "screen".
+/// @param left_out  the name of a screen without rows, may be empty
+void add_screen_rows(const QString &left_out = QString());
+
+/// As its `open`, for a screen that must come up: shown and painted when it is handed over.
+void open_screen(const program_screen &screen, stand_in_road &road, const screen_visit &visit);
+
+/// The program in one of its languages, with a fresh window, while this lives.
+class language_run
+{
+public:
+    /// @param language  "en" or "de"
+    language_run(stand_in_road &road, const QString &language);
+    ~language_run() { road.end(); }
+
+    language_run(const language_run &) = delete;
+    language_run &operator=(const language_run &) = delete;
+
+private:
+    stand_in_road &road;
+    std::unique_ptr<german_catalogues> catalogues;
+};
+
+Q_DECLARE_METATYPE(program_screen)
