@@ -1,4 +1,5 @@
 #include "layout_screen.h"
+#include "message_collector.h"
 #include "test_main.h"
 
 #include <QPointer>
@@ -20,24 +21,6 @@ QStringList stacked_names(const QWidget &parent)
     }
     return names;
 }
-
-/// Collects what Qt complains about while this lives.
-class complaints
-{
-public:
-    complaints()
-    {
-        texts.clear();
-        before = qInstallMessageHandler(
-            [](QtMsgType, const QMessageLogContext &, const QString &text) { texts << text; });
-    }
-    ~complaints() { qInstallMessageHandler(before); }
-
-    inline static QStringList texts;
-
-private:
-    QtMessageHandler before;
-};
 
 constexpr QRect disturbed(5, 6, 1, 1);
 
@@ -93,11 +76,11 @@ void test_layout_passes::size_below_zero_is_none()
     cell narrow;
     narrow.set_margin(80);
     const cell &stored = some.add(narrow);
-    const complaints qt;
+    const message_collector qt;
     some.pass();
     QCOMPARE(stored.content->geometry(), QRect(80, 80, 0, 0));
     QCOMPARE(stored.background()->geometry(), QRect(80, 80, 0, 0));
-    QCOMPARE(qt.texts, QStringList());
+    QCOMPARE(qt.messages(), QStringList());
 }
 
 void test_layout_passes::background_becomes_a_child_without_being_shown()
