@@ -7,7 +7,7 @@
 #
 # The pictures are left in build/screenshots/LANGUAGE-SCALEx/; those of the scale 1 are also copied
 # to docs/screenshots/LANGUAGE/, where the documents show them. Ends with an error if the program
-# wrote anything to its standard error.
+# complained on its standard error. One run at a time: its scratch folder has a fixed name.
 set -eu
 
 script=$(realpath "$0")
@@ -173,6 +173,8 @@ type_shift() {
 }
 
 shoot_empty_window() {
+    # A key has the caret shown at once.
+    xdotool key Home
     take first_start "$main"
     take_big_buttons button_disabled
     point_at_fix
@@ -276,6 +278,18 @@ shoot_progress() {
 
 # --- Runs -------------------------------------------------------------------------------------
 
+# Without frames, so that a list that reaches out of its dialog has nothing foreign around it.
+start_window_manager() {
+    mkdir -p "$HOME/.config/openbox"
+    cat >"$HOME/.config/openbox/rc.xml" <<'END'
+<openbox_config xmlns="http://openbox.org/3.4/rc">
+  <keyboard><keybind key="A-F4"><action name="Close"/></keybind></keyboard>
+  <applications><application class="*"><decor>no</decor></application></applications>
+</openbox_config>
+END
+    openbox 2>/dev/null &
+}
+
 start_program() {
     mkdir -p "$HOME/.config/Vorrin"
     printf '[General]\nlang=%s\n' "$language" >"$HOME/.config/Vorrin/Kelvra.conf"
@@ -311,12 +325,13 @@ shoot_all_screens() {
 
     # A fixed name, since it shows in pictures.
     scratch=/tmp/kelvra-screenshots
+    rm -rf "$scratch"
     mkdir -m 700 "$scratch"
     trap 'kill $(jobs -p) 2>/dev/null || true; rm -rf "$scratch"' EXIT
     export HOME="$scratch/anna" XDG_RUNTIME_DIR="$scratch"
     photos=$HOME/Pictures
     make_photos "$photos"
-    openbox 2>/dev/null &
+    start_window_manager
     start_program
 
     shoot_empty_window

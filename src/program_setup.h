@@ -11,8 +11,8 @@ void set_identity();
 /// owns the style.
 void install_style();
 
-/// Gives all windows the program's icon, and message boxes icons of the skin's own. The desktop's
-/// icons stand behind these, for what has none. Needs the application object.
+/// Gives all windows the program's icon, and message boxes and Qt's file dialog icons of the skin's
+/// own. The desktop's icons stand behind these. Needs the application object.
 void install_icons();
 
 /// Installs the texts of Qt, of the program and of the widget kit in a language such as "de". Texts

@@ -1,13 +1,16 @@
+#include "MainWindow.h"
+#include "main_window_form.h"
 #include "orv/button_dark.h"
 #include "orv/dialog_about.h"
+#include "orv/radio.h"
 #include "test_main.h"
 
-#include <QIcon>
 #include <QLabel>
+#include <QMessageBox>
 #include <QPainter>
 #include <QTemporaryDir>
 
-/// The pictures on a screen with two pixels to the dot.
+/// The pictures on a screen with two device pixels to a pixel.
 class test_dense_screen : public QObject
 {
     Q_OBJECT
@@ -17,9 +20,12 @@ private slots:
     void icon_of_a_button_is_its_dense_variant();
     void icon_is_painted_pixel_for_pixel();
     void icon_without_a_variant_keeps_its_size();
-    void background_of_a_sheet_is_dense_data();
-    void background_of_a_sheet_is_dense();
-    void indicator_of_a_sheet_is_dense();
+    void variant_of_any_name_has_the_size_of_its_picture();
+    void icon_is_smoothed_where_a_screen_has_fewer_pixels();
+    void picture_of_the_window_is_dense_data();
+    void picture_of_the_window_is_dense();
+    void indicator_of_a_radio_button_is_dense();
+    void header_of_the_about_dialog_is_dense();
     void logo_of_the_about_dialog_is_dense();
     void icon_of_a_message_box_is_dense();
 };
@@ -28,11 +34,11 @@ namespace
 {
 
 constexpr int density = 2;
-constexpr orv::pixel_argb grey = {133, 136, 129, 255};
+constexpr orv::pixel_argb white = {255, 255, 255, 255};
 
-QImage canvas(QSize dots)
+QImage canvas(QSize size)
 {
-    QImage image(dots * density, QImage::Format_ARGB32_Premultiplied);
+    QImage image(size * density, QImage::Format_ARGB32_Premultiplied);
     image.setDevicePixelRatio(density);
     image.fill(Qt::black);
     return image;
@@ -45,7 +51,7 @@ QImage dense_picture(const QString &path)
     return picture;
 }
 
-/// A picture over black, as the widgets here show it.
+/// A picture over black, where widgets are painted here.
 QImage over_black(const QString &path)
 {
     const QImage picture = dense_picture(path);
@@ -54,12 +60,51 @@ QImage over_black(const QString &path)
     return image.convertToFormat(QImage::Format_RGB32);
 }
 
-/// A widget over black as it is shown.
-QImage shown(QWidget &widget)
+/// A widget without its children, over black.
+QImage painted(QWidget &widget)
 {
     QImage image = canvas(widget.size());
-    widget.render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
+    widget.render(&image, QPoint(), QRegion(), QWidget::RenderFlags());
     return image.convertToFormat(QImage::Format_RGB32);
+}
+
+/// Whether the part of `image` at `corner` is `part`, as far as that reaches.
+bool shows_at(const QPoint &corner, const QImage &image, const QImage &part)
+{
+    const QRect place = QRect(corner, part.size()) & image.rect();
+    return image.copy(place) == part.copy(QRect(QPoint(), place.size()));
+}
+
+bool shows_anywhere(const QImage &image, const QImage &part)
+{
+    for (int y = 0; y <= image.height() - part.height(); ++y) {
+        for (int x = 0; x <= image.width() - part.width(); ++x) {
+            if (shows_at({x, y}, image, part))
+                return true;
+        }
+    }
+    return false;
+}
+
+/// The widget whose own style sheet names a picture.
+QWidget *widget_with(const QWidget &window, const QString &picture)
+{
+    for (QWidget *widget : window.findChildren<QWidget *>()) {
+        if (widget->styleSheet().contains(picture))
+            return widget;
+    }
+    qFatal("no widget shows %s", qPrintable(picture));
+}
+
+/// Columns that are opaque and transparent by turns.
+QImage stripes(QSize size)
+{
+    QImage image(size, QImage::Format_ARGB32);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    for (int x = 0; x < size.width(); x += 2)
+        painter.fillRect(x, 0, 1, size.height(), Qt::white);
+    return image;
 }
 
 }  // namespace
@@ -67,14 +112,17 @@ QImage shown(QWidget &widget)
 void test_dense_screen::initTestCase()
 {
     QCOMPARE(qApp->devicePixelRatio(), qreal(density));
+    install_style();
+    install_icons();
 }
 
 void test_dense_screen::icon_of_a_button_is_its_dense_variant()
 {
     orv::button_dark button(nullptr);
-    button.set_icon(":/images/icon_open.png", -1, -1, grey, grey);
+    button.set_icon(":/images/icon_open.png", -1, -1, white, white);
+    const QImage alpha = dense_picture(":/images/icon_open@2x.png");
     QCOMPARE(button.icon.image_normal->convertToFormat(QImage::Format_Alpha8),
-             QImage(":/images/icon_open@2x.png").convertToFormat(QImage::Format_Alpha8));
+             alpha.convertToFormat(QImage::Format_Alpha8));
     QCOMPARE(button.icon.image_hot->size(), QSize(26, 24));
     QCOMPARE(button.icon.image_disabled->size(), QSize(26, 24));
     QCOMPARE(button.icon.image_width, 13);
@@ -84,53 +132,92 @@ void test_dense_screen::icon_is_painted_pixel_for_pixel()
 {
     orv::button_dark button(nullptr);
     button.setFixedSize(23, 22);
-    button.set_icon(":/images/icon_open.png", -1, -1, grey, grey);
-    QImage painted = canvas(button.size());
+    button.set_icon(":/images/icon_open.png", -1, -1, white, white);
+    QImage painted_icon = canvas(button.size());
     {
-        QPainter painter(&painted);
+        QPainter painter(&painted_icon);
         button.paint_callback_ex(painter, &button);
     }
     QImage expected = canvas(button.size());
     QPainter(&expected).drawImage(5, 5, *button.icon.image_normal);
-    QCOMPARE(painted, expected);
+    QCOMPARE(painted_icon, expected);
 }
 
 void test_dense_screen::icon_without_a_variant_keeps_its_size()
 {
     const QTemporaryDir folder;
-    const QString path = folder.filePath("plain.picture.png");
-    QImage picture(5, 7, QImage::Format_ARGB32);
-    picture.fill(Qt::white);
-    QVERIFY(picture.save(path));
+    const QString path = folder.filePath("plain.png");
+    QVERIFY(stripes({5, 7}).save(path));
     orv::button_dark button(nullptr);
-    button.set_icon(path, -1, -1, grey, grey);
+    button.set_icon(path, -1, -1, white, white);
     QCOMPARE(button.icon.image_normal->size(), QSize(5, 7));
     QCOMPARE(button.icon.image_width, 5);
 }
 
-void test_dense_screen::background_of_a_sheet_is_dense_data()
+void test_dense_screen::variant_of_any_name_has_the_size_of_its_picture()
 {
-    QTest::addColumn<QString>("path");
-    for (const char *name : {"logo_small", "Head", "head_medium_dark_without_shadow",
-                             "drop_images_here_en", "drop_images_here_de"})
-        QTest::newRow(name) << QString(":/images/%1.png").arg(name);
+    const QTemporaryDir folder;
+    QVERIFY(stripes({5, 7}).save(folder.filePath("with.a.dot.png")));
+    QVERIFY(stripes({10, 14}).save(folder.filePath("with.a.dot@2x.png")));
+    orv::button_dark button(nullptr);
+    button.set_icon(folder.filePath("with.a.dot.png"), -1, -1, white, white);
+    QCOMPARE(button.icon.image_normal->size(), QSize(10, 14));
+    QCOMPARE(button.icon.image_width, 5);
 }
 
-void test_dense_screen::background_of_a_sheet_is_dense()
+/// The window may stand on another screen than the dense one.
+void test_dense_screen::icon_is_smoothed_where_a_screen_has_fewer_pixels()
 {
-    QFETCH(QString, path);
-    QWidget widget;
-    widget.setFixedSize(QImage(path).size());
-    widget.setStyleSheet(QString("background-color: black; background-image: url(%1);").arg(path));
-    QCOMPARE(shown(widget), over_black(QString(path).replace(".png", "@2x.png")));
+    const QTemporaryDir folder;
+    QVERIFY(stripes({10, 10}).save(folder.filePath("stripes.png")));
+    QVERIFY(stripes({20, 20}).save(folder.filePath("stripes@2x.png")));
+    orv::button_dark button(nullptr);
+    button.setFixedSize(10, 10);
+    button.setStyleSheet("border: none; background: black;");
+    button.set_icon(folder.filePath("stripes.png"), 0, 0, white, white);
+    QImage shown(10, 10, QImage::Format_RGB32);
+    button.render(&shown);
+    const int grey = qGray(shown.pixel(5, 5));
+    QVERIFY2(grey > 64 && grey < 192, qPrintable(QString::number(grey)));
 }
 
-void test_dense_screen::indicator_of_a_sheet_is_dense()
+void test_dense_screen::picture_of_the_window_is_dense_data()
 {
-    const QIcon icon(":/gui/radio/checked.png");
-    const QPixmap pixmap = icon.pixmap(QSize(13, 13));
-    const QImage picture = dense_picture(":/gui/radio/checked@2x.png");
-    QCOMPARE(pixmap.toImage(), QPixmap::fromImage(picture).toImage());
+    QTest::addColumn<QString>("name");
+    for (const char *name :
+         {"logo_small", "head_medium_dark_without_shadow", "drop_images_here_en"})
+        QTest::newRow(name) << name;
+}
+
+void test_dense_screen::picture_of_the_window_is_dense()
+{
+    QFETCH(QString, name);
+    MainWindow window(nullptr);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QImage picture = over_black(":/images/" + name + "@2x.png");
+    QWidget *widget = widget_with(window, "images/" + name + ".png");
+    const QImage shown = painted(*widget);
+    picture = picture.copy(QRect(QPoint(), shown.size().boundedTo(picture.size())));
+    QVERIFY(shows_anywhere(shown, picture));
+}
+
+void test_dense_screen::indicator_of_a_radio_button_is_dense()
+{
+    orv::radio button("");
+    button.setStyleSheet(QString("QRadioButton{background:black;}") + orv::radio::sheet);
+    button.setChecked(true);
+    button.resize(40, 30);
+    QVERIFY(shows_anywhere(painted(button), over_black(":/gui/radio/checked@2x.png")));
+}
+
+void test_dense_screen::header_of_the_about_dialog_is_dense()
+{
+    orv::dialog_about dialog(nullptr, true);
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    const QImage shown = painted(*widget_with(dialog, "images/Head.png"));
+    QVERIFY(shows_at({0, 0}, shown, over_black(":/images/Head@2x.png")));
 }
 
 void test_dense_screen::logo_of_the_about_dialog_is_dense()
@@ -146,12 +233,14 @@ void test_dense_screen::logo_of_the_about_dialog_is_dense()
     QCOMPARE(logo, QPixmap::fromImage(picture).toImage());
 }
 
+/// Its size depends on the screen's dots per inch, so the pixels alone are compared.
 void test_dense_screen::icon_of_a_message_box_is_dense()
 {
-    install_icons();
-    const QPixmap pixmap = QIcon::fromTheme("dialog-question").pixmap(QSize(48, 48));
+    const QMessageBox box(QMessageBox::Question, "Title", "Text");
+    QImage icon = box.iconPixmap().toImage();
+    icon.setDevicePixelRatio(density);
     const QImage picture = dense_picture(":/icons/orv/48x48@2/dialog-question.png");
-    QCOMPARE(pixmap.toImage(), QPixmap::fromImage(picture).toImage());
+    QCOMPARE(icon, QPixmap::fromImage(picture).toImage());
 }
 
 int main(int argc, char **argv)

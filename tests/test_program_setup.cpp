@@ -2,6 +2,7 @@
 #include "orv/application_common.h"
 #include "test_main.h"
 
+#include <QDir>
 #include <QFileDialog>
 #include <QIcon>
 #include <QMessageBox>
@@ -10,6 +11,7 @@
 #include <QProxyStyle>
 #include <QSettings>
 #include <QStyle>
+#include <QTemporaryDir>
 #include <QToolTip>
 
 namespace
@@ -205,9 +207,25 @@ void test_program_setup::message_boxes_have_icons_of_the_skin()
 
 void test_program_setup::icons_of_the_desktop_stand_behind_those_of_the_skin()
 {
+    const QTemporaryDir themes;
+    QVERIFY(QDir(themes.path()).mkpath("desktop/48x48"));
+    QFile index(themes.filePath("desktop/index.theme"));
+    QVERIFY(index.open(QIODevice::WriteOnly));
+    index.write("[Icon Theme]\nName=desktop\nDirectories=48x48\n[48x48]\nSize=48\n");
+    index.close();
+    QImage red(48, 48, QImage::Format_RGB32);
+    red.fill(Qt::red);
+    for (const char *name : {"dialog-question", "user-trash"})
+        QVERIFY(red.save(themes.filePath(QString("desktop/48x48/%1.png").arg(name))));
+    QIcon::setThemeSearchPaths({themes.path(), ":/icons"});
     QIcon::setThemeName("desktop");
+
     install_icons();
-    QCOMPARE(QIcon::fallbackThemeName(), QString("desktop"));
+    const auto colour = [](const char *name) {
+        return QIcon::fromTheme(name).pixmap(48, 48).toImage().pixelColor(24, 10);
+    };
+    QCOMPARE(colour("user-trash"), QColor(Qt::red));
+    QVERIFY(colour("dialog-question") != QColor(Qt::red));
 }
 
 void test_program_setup::style_keeps_its_delays_apart()

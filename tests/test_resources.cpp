@@ -3,6 +3,7 @@
 
 #include <QFontDatabase>
 #include <QFontInfo>
+#include <QIcon>
 #include <QImageReader>
 #include <QLabel>
 #include <QRawFont>
@@ -21,8 +22,8 @@ private slots:
     void picture_has_a_variant_of_double_density();
     void program_icon_has_its_size_data();
     void program_icon_has_its_size();
-    void box_icon_has_its_size_data();
-    void box_icon_has_its_size();
+    void themes_icon_has_its_size_data();
+    void themes_icon_has_its_size();
     void icon_has_a_shape_data();
     void icon_has_a_shape();
     void font_is_the_named_one_data();
@@ -153,18 +154,30 @@ void test_resources::program_icon_has_its_size()
     QVERIFY(icon.hasAlphaChannel());
 }
 
-void test_resources::box_icon_has_its_size_data()
+void test_resources::themes_icon_has_its_size_data()
 {
     QTest::addColumn<QString>("name");
-    for (const char *name : {"error", "information", "question", "warning"})
-        QTest::newRow(name) << QString("dialog-%1.png").arg(name);
+    QTest::addColumn<int>("size");
+    for (const char *name :
+         {"dialog-error", "dialog-information", "dialog-question", "dialog-warning"})
+        QTest::newRow(name) << name << 48;
+    for (const char *name : {"computer", "dialog-cancel", "drive-harddisk", "folder", "folder-new",
+                             "folder-open", "go-next", "go-previous", "go-up", "text-x-generic",
+                             "user-home", "view-list-details", "view-list-icons"})
+        QTest::newRow(name) << name << 16;
 }
 
-void test_resources::box_icon_has_its_size()
+void test_resources::themes_icon_has_its_size()
 {
     QFETCH(QString, name);
-    QCOMPARE(QImage(":/icons/orv/48x48/" + name).size(), QSize(48, 48));
-    QCOMPARE(QImage(":/icons/orv/48x48@2/" + name).size(), QSize(96, 96));
+    QFETCH(int, size);
+    const auto path = [&](const QString &density) {
+        return QString(":/icons/orv/%1x%1%2/%3.png").arg(size).arg(density, name);
+    };
+    QCOMPARE(QImage(path("")).size(), QSize(size, size));
+    QCOMPARE(QImage(path("@2")).size(), 2 * QSize(size, size));
+    QIcon::setThemeName("orv");
+    QCOMPARE(QIcon::fromTheme(name).pixmap(size, size).toImage(), QPixmap(path("")).toImage());
 }
 
 void test_resources::icon_has_a_shape_data()

@@ -37,25 +37,27 @@ constexpr char checked_face_sheet[] = "QPushButton::checked{border-style:none;bo
 constexpr double frame_width_px = 2.0;
 const QColor frame_colour(129, 136, 133, 255);
 
-/// The picture's variant with two pixels to the dot, which Qt reads as of the same size, where a
-/// screen has more than one and the variant exists; else the picture itself.
-QString path_for_screen(const QString &path)
+/// The picture of a path as a screen needs it: with two device pixels to one where a screen has
+/// more than one and the variant NAME@2x exists.
+QImage picture_for_screen(const QString &path)
 {
-    if (qApp->devicePixelRatio() <= 1)
-        return path;
-    const QFileInfo picture(path);
+    const QFileInfo file(path);
     const QString dense_path =
-        QString("%1/%2@2x.%3").arg(picture.path(), picture.completeBaseName(), picture.suffix());
-    return QFile::exists(dense_path) ? dense_path : path;
+        QString("%1/%2@2x.%3").arg(file.path(), file.completeBaseName(), file.suffix());
+    const bool is_dense = qApp->devicePixelRatio() > 1 && QFile::exists(dense_path);
+    QImage picture(is_dense ? dense_path : path);
+    picture.setDevicePixelRatio(is_dense ? 2 : 1);
+    return picture;
 }
 
 void replace(QImage *&image, const QString &path)
 {
     delete image;
-    image = new QImage(QImage(path_for_screen(path)).convertToFormat(QImage::Format_ARGB32));
+    image = new QImage(picture_for_screen(path).convertToFormat(QImage::Format_ARGB32));
 }
 
-QSize size_in_dots(const QImage &image)
+/// In device-independent pixels.
+QSize shown_size(const QImage &image)
 {
     return image.size() / image.devicePixelRatio();
 }
@@ -152,7 +154,7 @@ void button_dark::img_highlighter::rebuild()
     else
         recolour();
     halve_alpha(*image_disabled);
-    image_width = size_in_dots(*image_normal).width();
+    image_width = shown_size(*image_normal).width();
 }
 
 button_dark::img_highlighter::paint_function
@@ -163,7 +165,7 @@ button_dark::img_highlighter::get_custom_paint_ex(int x, int y)
         if (!bd)
             qor::assertion_failed("bd", "../orv_toolkit/orv/button_dark", 211, __PRETTY_FUNCTION__);
         if (const QImage *image = image_for(*bd)) {
-            const QSize size = size_in_dots(*image_normal);
+            const QSize size = shown_size(*image_normal);
             const int left = x == -1 ? centred(bd->width(), size.width()) : x;
             const int top = y == -1 ? centred(bd->height(), size.height()) : y;
             painter.drawImage(left, top, *image);
@@ -270,7 +272,7 @@ void button_dark::paintEvent(QPaintEvent *event)
 {
     QPushButton::paintEvent(event);
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
     if (paint_callback_ex)
         paint_callback_ex(painter, this);
     if (paint_callback)

@@ -38,8 +38,9 @@ public:
         void show(const QString &new_path, pixel_argb hot, pixel_argb normal);
 
         /// Loads the picture at `path` and colours it for each state; without a path nothing is
-        /// done. A picture that can't be loaded paints nothing and has the width 0. On screens with
-        /// more than a pixel to the dot NAME@2x is loaded in place of NAME, if it exists.
+        /// done. A picture that can't be loaded paints nothing and has the width 0. Where a screen
+        /// has more than one device pixel to a pixel, NAME@2x is loaded in place of NAME if it
+        /// exists.
         void rebuild();
 
         /// A painter of the icon for a `button_dark`; any other button ends the program. It borrows
@@ -53,7 +54,7 @@ public:
         QImage *image_normal = nullptr;  ///< owned, like the next two
         QImage *image_hot = nullptr;
         QImage *image_disabled = nullptr;
-        int image_width = 0;  ///< dots: pixels of a picture for one pixel to the dot
+        int image_width = 0;  ///< device-independent pixels
         bool tinted = false;  ///< false: recoloured flat
 
     private:

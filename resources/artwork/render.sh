@@ -1,12 +1,11 @@
 #!/bin/sh
-# Renders the SVG sources below this folder into the PNG files of the same relative names in the
-# folder above:
+# Renders the SVG sources below this folder into PNG files in the folder above:
 #
-#   images/, gui/   at the pixel size that the source states, and, as NAME@2x.png, with two pixels to
-#                   the dot for screens of twice the density: from NAME@2x.svg where the shape has to
-#                   be drawn anew for that, else from NAME.svg. The nine-slice pictures have no such
-#                   variant, since their edge is three pixels in any case.
-#   icons/          the icon theme, 48 by 48 dots for one and for two pixels to the dot
+#   images/, gui/   NAME.png at the pixel size that the source states, and NAME@2x.png at twice that,
+#                   for screens with two pixels where others have one: from NAME@2x.svg where the
+#                   shape has to be drawn anew for that, else from NAME.svg. The nine-slice pictures
+#                   have no such variant, since their edge is three pixels in any case.
+#   icons/          the icon theme, with a folder for each size and one, SIZE@2, for such screens
 #   program_icon/   the sizes of the program icon; the small ones have sources of their own
 #
 # usage: render.sh
@@ -49,10 +48,11 @@ for source in images/*.svg gui/*.svg gui/*/*.svg; do
     esac
 done
 
-for source in icons/orv/*.svg; do
+for source in icons/orv/*/*.svg; do
     name=$(basename "$source" .svg)
-    render "$source" "icons/orv/48x48/$name.png"
-    render "$source" "icons/orv/48x48@2/$name.png" --zoom=2
+    folder=$(dirname "$source")
+    render "$source" "$folder/$name.png"
+    render "$source" "$folder@2/$name.png" --zoom=2
 done
 
 for size in 16 24 32; do
