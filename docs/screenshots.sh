@@ -120,7 +120,7 @@ resize_main() {
 
 # --- Pictures ---------------------------------------------------------------------------------
 
-# The window $2 without its frame, as $1.
+# The window $2, as $1.
 take() {
     import -window "$2" "$folder/$1.png"
 }
@@ -306,7 +306,7 @@ start_program() {
 end_program() {
     xdotool key alt+F4
     wait "$program"
-    # Qt asks for the window below the mouse, whose frame the window manager may just have taken away.
+    # Qt asks for the windows below the mouse, of which one may just have gone.
     if grep -v "XCB error: 3 (BadWindow).*(TranslateCoords)" "$scratch/stderr.txt" >&2; then
         echo "the program wrote this to its standard error" >&2
         exit 1

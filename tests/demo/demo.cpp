@@ -196,6 +196,7 @@ int main(int argc, char **argv)
     set_identity();
     orv::application<MainWindow> application(argc, argv);
     install_style();
+    install_icons();
     install_translators("en");
     const QDir pictures(argv[1]);
     pictures.mkpath(".");
