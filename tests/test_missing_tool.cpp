@@ -1,6 +1,9 @@
+#include "captured_errors.h"
+#include "captured_output.h"
 #include "exif_cache.h"
 #include "private_home.h"
 #include "test_main.h"
+#include "tool_lines.h"
 #include "window_road.h"
 
 #include <QTemporaryDir>
@@ -14,6 +17,7 @@ private slots:
     void init();
     void cleanup();
 
+    void first_photo_reports_the_missing_tool();
     void files_become_rows_without_a_time();
     void fix_has_nothing_to_write();
     void shift_and_clearing_work();
@@ -44,6 +48,21 @@ QString test_missing_tool::make_photo(const QString &name)
     const QString path = folder->filePath(name);
     make_file(path, "bytes of a photo");
     return path;
+}
+
+/// Once, and to the standard streams alone.
+void test_missing_tool::first_photo_reports_the_missing_tool()
+{
+    const QString path = make_photo("a.jpg");
+    const box_answers answers;
+    const captured_output output;
+    captured_errors errors;
+    drop_photos(*window, {path, make_photo("b.jpg")});
+    drop_photos(*window, {make_photo("c.jpg")});
+    QCOMPARE(output.text(), tool_lines::not_started);
+    QCOMPARE(errors.text(),
+             tool_lines::missing(QCoreApplication::applicationDirPath() + "/exiftool.exe"));
+    QCOMPARE(answers.boxes.size(), 0);
 }
 
 void test_missing_tool::files_become_rows_without_a_time()

@@ -65,6 +65,8 @@ void test_tag_reading::request_names_the_file_and_nothing_else_data()
     QTest::newRow("letters beyond ASCII")
         << "/p/größer.jpg" << false << QByteArray("\n/p/größer.jpg\n-execute\n");
     QTest::newRow("leading dash") << "-x.jpg" << true << QByteArray("-G1\n\n-x.jpg\n-execute\n");
+    QTest::newRow("line end breaks the framing")
+        << "/p/a\nb.jpg" << true << QByteArray("-G1\n\n/p/a\nb.jpg\n-execute\n");
     QTest::newRow("empty path") << "" << true << QByteArray("-G1\n\n\n-execute\n");
 }
 

@@ -72,6 +72,11 @@ bool scripted_tool::has_touched(const QString &name) const
     return QFile::exists(folder.filePath(name));
 }
 
+void scripted_tool::touch(const QString &name)
+{
+    write(name, QByteArray());
+}
+
 void scripted_tool::write(const QString &name, const QByteArray &bytes) const
 {
     // Under another name first: the stand-in must never see half a script.

@@ -15,8 +15,9 @@
 /// n-th request instead), `script/next` (the same, for one request whatever its number),
 /// `script/start` and `script/quit`.
 ///
-/// A script is a list of lines: `out TEXT`, `err TEXT` (with \n, \r, \t, \0 and \\), `fill N`,
-/// `fill_err N` (N bytes "x"), `wait MS`, `touch NAME`, `exit STATUS`, `hang`.
+/// A script is a list of lines: `out TEXT` and `err TEXT` (with \n, \r, \t, \0, \\ and \xHH),
+/// `fill N` and `fill_err N` (N bytes "x"), `wait MS`, `touch NAME`, `await NAME` (until the test
+/// has touched it), `signal NUMBER` (to itself), `exit STATUS`, `hang`.
 class scripted_tool
 {
 public:
@@ -38,6 +39,7 @@ public:
     QStringList arguments() const;
     QList<qint64> process_ids() const;
     bool has_touched(const QString &name) const;
+    void touch(const QString &name);
     QString path() const { return folder.path(); }
 
 private:

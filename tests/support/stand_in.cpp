@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <chrono>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
@@ -51,19 +52,31 @@ void append(const std::string &name, const std::string &bytes)
     close(file);
 }
 
-/// `text` with \n, \r, \t, \0 and \\ replaced by what they stand for.
+/// `text` with \n, \r, \t, \0, \\ and \xHH replaced by what they stand for.
 std::string unescaped(const std::string &text)
 {
     static const std::map<char, char> escapes = {
         {'n', '\n'}, {'r', '\r'}, {'t', '\t'}, {'0', '\0'}, {'\\', '\\'}};
     std::string plain;
     for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] == '\\' && i + 1 < text.size())
-            plain += escapes.at(text[++i]);
-        else
+        if (text[i] != '\\') {
             plain += text[i];
+        } else if (text.at(++i) == 'x') {
+            plain += static_cast<char>(std::stoi(text.substr(i + 1, 2), nullptr, 16));
+            i += 2;
+        } else {
+            plain += escapes.at(text[i]);
+        }
     }
     return plain;
+}
+
+/// Waits until the test has put a file of this name into the folder, and takes it away.
+void await(const std::string &name)
+{
+    const std::string path = folder + "/" + name;
+    while (unlink(path.c_str()) != 0)
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
 }
 
 void run_action(const std::string &line)
@@ -83,6 +96,10 @@ void run_action(const std::string &line)
         std::this_thread::sleep_for(std::chrono::milliseconds(std::stoi(rest)));
     else if (verb == "touch")
         append(rest, "");
+    else if (verb == "await")
+        await(rest);
+    else if (verb == "signal")
+        std::raise(std::stoi(rest));
     else if (verb == "exit")
         std::_Exit(std::stoi(rest));
     else if (verb == "hang")

@@ -7,7 +7,8 @@
 //   stamp PATH
 //   load PATH                                       through exif_cache, prints the record
 //   quiet on|off
-//   close | close-write | kill-tool                 of the process object
+//   close | close-write                             of the process object
+//   kill-tool | await-tool                          returns when the tool has ended
 //   pause MS                                        runs the event loop meanwhile
 
 #include "exif_cache.h"
@@ -79,7 +80,9 @@ void run(QStringList &words)
     else if (verb == "kill-tool") {
         process->kill();
         process->waitForFinished();
-    } else if (verb == "pause")
+    } else if (verb == "await-tool")
+        process->waitForFinished();
+    else if (verb == "pause")
         pause_for(words.takeFirst().toInt());
     else
         qFatal("unknown command %s", qPrintable(verb));

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "tool_lines.h"
+
+#include <QProcess>
+#include <QStringList>
+
+/// A session of tool_session that waits for a reply without an end; killed with this.
+class hanging_session
+{
+public:
+    hanging_session(const QString &program, const QStringList &commands)
+    {
+        process.start(program, commands);
+    }
+    ~hanging_session()
+    {
+        process.kill();
+        process.waitForFinished();
+    }
+
+    hanging_session(const hanging_session &) = delete;
+    hanging_session &operator=(const hanging_session &) = delete;
+
+    /// Whether the session goes on after `enough` warnings, with nothing between them. The output
+    /// before the first one is in `said`.
+    bool warns_without_an_end(int enough = 2000)
+    {
+        const QByteArray warnings = tool_lines::no_data.repeated(enough);
+        QByteArray output;
+        int first = -1;
+        while ((first == -1 || output.size() < first + warnings.size()) &&
+               process.waitForReadyRead(30000)) {
+            output += process.readAllStandardOutput();
+            first = output.indexOf(tool_lines::no_data);
+        }
+        said = output.left(first);
+        errors = process.readAllStandardError();
+        return output.mid(said.size()).startsWith(warnings) && process.state() == QProcess::Running;
+    }
+
+    QByteArray said;
+    QByteArray errors;  ///< all of the standard error up to the last warning that was counted
+
+private:
+    QProcess process;
+};

@@ -1,0 +1,16 @@
+// Lets the children of this program wait for KELVRA_EXEC_DELAY milliseconds before they turn into
+// the program that they are to run, as on a drive that doesn't answer. Taken before execv(3) of the
+// C library.
+
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <thread>
+
+extern "C" int execv(const char *path, char *const arguments[]) noexcept
+{
+    if (const char *delay = std::getenv("KELVRA_EXEC_DELAY"))
+        std::this_thread::sleep_for(std::chrono::milliseconds(std::atoi(delay)));
+    return execve(path, arguments, environ);
+}

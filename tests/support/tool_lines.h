@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+/// The lines that the program writes about the metadata tool, each with its line end.
+namespace tool_lines
+{
+
+const QByteArray no_data = "Warning: Exiftool didn't supply any data in the last 1000 msec.\n";
+const QByteArray not_started = "Error: Could not start Exiftool...\n";
+const QByteArray no_request = "Uh oh...\n";
+const QByteArray failed_write = "[write_to_proc] proc->write() failed (rc=-1)\n";
+const QByteArray killed = "Exiftool didn't quit in time. Killing it.\n";
+const QByteArray not_running = "Exiftool is not running... It exited with code 0 and status is 0\n";
+
+inline QByteArray missing(const QString &path)
+{
+    return "Exiftool executable " + path.toUtf8() + " does not exist...\n";
+}
+
+inline QByteArray lost_bytes(int written, int wanted)
+{
+    return "[write_to_proc] Could not write all required data to exiftool pipe. Wrote: " +
+           QByteArray::number(written) + ". Wanted: " + QByteArray::number(wanted) + "!\n";
+}
+
+inline QByteArray standard_error(const QByteArray &words)
+{
+    return "[exiftool cerr] '" + words + "'\n";
+}
+
+inline QByteArray exit_data(const QByteArray &words)
+{
+    return "[exiftool2] exit data: '" + words + "'\n";
+}
+
+/// The words of a text of nothing but `standard_error` or `exit_data` lines, which come in as many
+/// lines as the pipe was read; the words may not hold an apostrophe.
+inline QByteArray relayed_words(const QByteArray &output)
+{
+    QByteArray words = output;
+    return words.replace("[exiftool cerr] '", "")
+        .replace("[exiftool2] exit data: '", "")
+        .replace("'\n", "");
+}
+
+/// What Qt adds on standard error: for each write to a process that isn't open, and for a process
+/// object that goes before its process.
+const QByteArray write_unopened = "QIODevice::write (QProcess): device not open\n";
+
+inline QByteArray gone_before_its_process(const QString &program)
+{
+    return "QProcess: Destroyed while process (\"" + program.toUtf8() + "\") is still running.\n";
+}
+
+}  // namespace tool_lines
