@@ -1,6 +1,34 @@
 #include "real_road.h"
 #include "test_main.h"
 
+#include <QTextCodec>
+
+#include <unistd.h>
+
+namespace
+{
+
+/// No UTF-8.
+const char raw_name[] = "/\xe4.jpg";
+
+/// The names of files are in this encoding while this lives, as they are under another locale.
+class name_encoding
+{
+public:
+    explicit name_encoding(const char *encoding) : before(QTextCodec::codecForLocale())
+    {
+        QTextCodec::setCodecForLocale(QTextCodec::codecForName(encoding));
+    }
+    ~name_encoding() { QTextCodec::setCodecForLocale(before); }
+    name_encoding(const name_encoding &) = delete;
+    name_encoding &operator=(const name_encoding &) = delete;
+
+private:
+    QTextCodec *before;
+};
+
+}  // namespace
+
 class test_file_names : public QObject
 {
     Q_OBJECT
@@ -13,6 +41,8 @@ private slots:
     void file_is_fixed_and_put_back_under_any_name();
     void folder_may_have_any_name_too();
     void names_that_differ_in_their_case_are_two_files();
+    void name_outside_of_the_encoding_gives_nothing();
+    void name_in_another_encoding_than_the_tools_is_fixed();
 
 private:
     void rename_and_load(const QString &name);
@@ -100,6 +130,41 @@ void test_file_names::names_that_differ_in_their_case_are_two_files()
     click(road.window->button_fix_time);
     QCOMPARE(road.recording_time("a.jpg"), QString("2017:05:03 13:00:00"));
     QCOMPARE(road.recording_time("A.jpg"), QString("2017:05:03 13:00:00"));
+}
+
+/// No text of Qt stands for such a name, so there is no way to the file.
+void test_file_names::name_outside_of_the_encoding_gives_nothing()
+{
+    const QByteArray raw_path = QFile::encodeName(road.folder->path()) + raw_name;
+    QCOMPARE(link(QFile::encodeName(road.make_dated_photo("a.jpg")), raw_path), 0);
+    drop_photos(*road.window, {road.folder->path(), QFile::decodeName(raw_path)});
+    QMimeData data;
+    data.setUrls({QUrl::fromEncoded("file://" + raw_path.toPercentEncoding("/"))});
+    QVERIFY(drop_on(*road.window->ui->widget_dropper, data));
+    QCOMPARE(shown_names(*road.window), QStringList{"a.jpg"});
+    QCOMPARE(access(raw_path, F_OK), 0);
+}
+
+/// The tool knows nothing of encodings: it takes the bytes that it gets for the file's name.
+void test_file_names::name_in_another_encoding_than_the_tools_is_fixed()
+{
+    const QByteArray raw_path = QFile::encodeName(road.folder->path()) + raw_name;
+    const QString plain = road.make_dated_photo("a.jpg");
+    QCOMPARE(rename(QFile::encodeName(plain), raw_path), 0);
+    const name_encoding encoding("ISO-8859-1");
+    drop_photos(*road.window, {road.folder->path()});
+    QCOMPARE(shown_names(*road.window), QStringList{"\u00e4.jpg"});
+    type_shift(*road.window, "hour", "1");
+    const box_answers answers;
+    for (orv::button_dark *button : {road.window->button_fix_time, road.window->button_undo}) {
+        const bool fixes = button == road.window->button_fix_time;
+        click(button);
+        QCOMPARE(rename(raw_path, QFile::encodeName(plain)), 0);
+        QCOMPARE(road.recording_time("a.jpg"), QString("2017:05:03 1%1:00:00").arg(fixes ? 3 : 2));
+        QCOMPARE(road.names(), QStringList{"a.jpg"});
+        QCOMPARE(rename(QFile::encodeName(plain), raw_path), 0);
+    }
+    QCOMPARE(answers.texts(), QStringList());
 }
 
 KELVRA_TEST_MAIN(test_file_names)

@@ -138,7 +138,7 @@ QByteArray run_exiftool(const QStringList &arguments)
     list.close();
     QProcess process;
     process.start(EXIFTOOL_PROGRAM, {"-charset", "filename=utf8", "-@", list.fileName()});
-    if (!process.waitForFinished(60000))
+    if (!process.waitForFinished(300000))
         qFatal("exiftool doesn't end");
     return process.readAllStandardOutput();
 }
