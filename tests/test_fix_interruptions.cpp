@@ -1,5 +1,13 @@
+#include "opened_urls.h"
+#include "orv/dialog_about.h"
+#include "pick_languages.h"
+#include "report_keys.h"
 #include "stand_in_road.h"
 #include "test_main.h"
+
+#include <QFileOpenEvent>
+#include <QHeaderView>
+#include <QTableView>
 
 namespace
 {
@@ -13,6 +21,14 @@ std::function<void()> click_once_soon(QWidget *widget)
             click_soon(widget);
         clicked = true;
     };
+}
+
+/// The name's header is clicked: the first click turns the order around.
+void click_name_header(const MainWindow &window)
+{
+    const QHeaderView *header = window.ui->tableView->horizontalHeader();
+    QTest::mouseClick(header->viewport(), Qt::LeftButton, Qt::NoModifier,
+                      QPoint(header->sectionSize(0) / 2, header->height() / 2));
 }
 
 }  // namespace
@@ -35,9 +51,21 @@ private slots:
     void undo_is_not_to_be_had_meanwhile();
     void dropped_photo_lengthens_the_batch();
     void new_shift_holds_for_the_rows_to_come();
+    void sorted_rows_are_taken_by_their_new_places();
+    void opened_photo_moves_the_rows_to_come();
+    void escape_hides_the_progress_and_nothing_more();
+    void commands_run_in_between_data();
+    void commands_run_in_between();
     void fix_during_an_undo_leaves_the_undo_its_photos();
+    void undo_during_an_undo_writes_all_photos_again();
+    void cleared_list_leaves_an_undo_its_photos();
+    void dropped_photo_is_loaded_during_an_undo();
 
 private:
+    void at_once(int value, const std::function<void()> &action, QWidget *button);
+    void fix_with(int value, const std::function<void()> &action);
+    void undo_with(const std::function<void()> &action);
+
     stand_in_road road;
 };
 
@@ -47,6 +75,34 @@ void test_fix_interruptions::init()
     for (const char *name : {"a", "b", "c"})
         road.load_dated_photo(name);
     road.tool.forget();
+}
+
+/// Clicks the button of a batch, with something that happens once when its progress has reached the
+/// value.
+void test_fix_interruptions::at_once(int value, const std::function<void()> &action,
+                                     QWidget *button)
+{
+    bool done = false;
+    progress_watch progress(*road.window->progress_fix);
+    progress.at(value, [&] {
+        if (!done)
+            QTimer::singleShot(0, road.window.get(), action);
+        done = true;
+    });
+    click(button);
+}
+
+void test_fix_interruptions::fix_with(int value, const std::function<void()> &action)
+{
+    at_once(value, action, road.window->button_fix_time);
+}
+
+/// Fixes the photos, and undoes that with something behind the first one.
+void test_fix_interruptions::undo_with(const std::function<void()> &action)
+{
+    click(road.window->button_fix_time);
+    road.tool.forget();
+    at_once(1, action, road.window->button_undo);
 }
 
 void test_fix_interruptions::user_input_is_taken_between_two_rows()
@@ -166,6 +222,89 @@ void test_fix_interruptions::new_shift_holds_for_the_rows_to_come()
              QStringList({"2017:05:03 12:00:00", "2017:05:03 12:00:00", "2017:05:03 13:00:00"}));
 }
 
+void test_fix_interruptions::sorted_rows_are_taken_by_their_new_places()
+{
+    fix_with(1, [this] { click_name_header(*road.window); });
+    QCOMPARE(road.written_names(), QStringList({"a", "b", "a"}));
+    QCOMPARE(road.writes()[2], road.writes()[0]);
+    QCOMPARE(road.window->undo_map.keys(), QStringList({road.path_of("a"), road.path_of("b")}));
+    QCOMPARE(road.window->model->rowCount(), 0);
+}
+
+void test_fix_interruptions::opened_photo_moves_the_rows_to_come()
+{
+    const QString first = road.make_photo("0", {"ExifIFD:DateTimeOriginal=2017:05:03 12:00:00"});
+    fix_with(1, [&] {
+        QFileOpenEvent event(first);
+        QCoreApplication::sendEvent(road.window.get(), &event);
+    });
+    QCOMPARE(road.written_names(), QStringList({"a", "a", "b", "c"}));
+    QCOMPARE(road.window->undo_map.size(), 3);
+    QCOMPARE(road.window->model->rowCount(), 0);
+    QVERIFY(!road.window->progress_load->isVisible());
+    QVERIFY(!road.window->progress_fix->isVisible());
+}
+
+void test_fix_interruptions::escape_hides_the_progress_and_nothing_more()
+{
+    orv::progress_dialog &dialog = *road.window->progress_fix;
+    const progress_watch progress(dialog);
+    fix_with(1, [&] { QTest::keyClick(&dialog, Qt::Key_Escape); });
+    QCOMPARE(road.written_names(), QStringList({"a", "b", "c"}));
+    QCOMPARE(progress.values, QList<int>({0, 1, 2, 3}));
+    QCOMPARE(progress.visible, QList<bool>({false, true, false, false}));
+    QCOMPARE(road.window->undo_map.size(), 3);
+
+    const progress_watch next_progress(dialog);
+    click(road.window->button_undo);
+    QCOMPARE(next_progress.visible, QList<bool>({false, true, true, true}));
+}
+
+void test_fix_interruptions::commands_run_in_between_data()
+{
+    QTest::addColumn<QString>("command");
+    for (const char *command : {"report", "about", "help", "settings"})
+        QTest::newRow(command) << command;
+}
+
+void test_fix_interruptions::commands_run_in_between()
+{
+    QFETCH(QString, command);
+    MainWindow &window = *road.window;
+    const opened_urls addresses;
+    int written_before = 0;
+    int seen = 0;
+    const std::map<QString, std::function<void()>> commands = {
+        {"report", [&] { seen += !report_of_keys(&window).text.isEmpty(); }},
+        {"about",
+         [&] {
+             const when_modal<orv::dialog_about> user([](orv::dialog_about &) {});
+             click(window.button_about);
+             seen += user.answered();
+         }},
+        {"help",
+         [&] {
+             click(window.button_help);
+             seen += addresses.urls.size();
+         }},
+        {"settings",
+         [&] {
+             const box_answers answers({box_reply::yes});
+             pick_languages(window, {german_row});
+             seen += answers.boxes.size();
+         }},
+    };
+    fix_with(1, [&] {
+        written_before = road.written_names().size();
+        commands.at(command)();
+    });
+    QCOMPARE(seen, 1);
+    QCOMPARE(written_before, 1);
+    QCOMPARE(road.written_names(), QStringList({"a", "b", "c"}));
+    QCOMPARE(window.undo_map.size(), 3);
+    QVERIFY(!window.progress_fix->isVisible());
+}
+
 void test_fix_interruptions::fix_during_an_undo_leaves_the_undo_its_photos()
 {
     MainWindow &window = *road.window;
@@ -179,6 +318,29 @@ void test_fix_interruptions::fix_during_an_undo_leaves_the_undo_its_photos()
     QVERIFY(window.undo_map.isEmpty());
     QVERIFY(!window.button_undo->isEnabled());
     QVERIFY(!window.progress_fix->isVisible());
+}
+
+void test_fix_interruptions::undo_during_an_undo_writes_all_photos_again()
+{
+    undo_with([this] { click(road.window->button_undo); });
+    QCOMPARE(road.written_names(), QStringList({"a", "a", "b", "c", "b", "c"}));
+    QVERIFY(road.window->undo_map.isEmpty());
+    QVERIFY(!road.window->button_undo->isEnabled());
+}
+
+void test_fix_interruptions::cleared_list_leaves_an_undo_its_photos()
+{
+    undo_with([this] { click(road.window->button_reset); });
+    QCOMPARE(road.written_names(), QStringList({"a", "b", "c"}));
+}
+
+void test_fix_interruptions::dropped_photo_is_loaded_during_an_undo()
+{
+    undo_with([this] { road.load_dated_photo("d"); });
+    QCOMPARE(road.written_names(), QStringList({"a", "b", "c"}));
+    QCOMPARE(shown_names(*road.window), QStringList{"d"});
+    QVERIFY(!road.window->progress_fix->isVisible());
+    QVERIFY(!road.window->progress_load->isVisible());
 }
 
 KELVRA_TEST_MAIN(test_fix_interruptions)

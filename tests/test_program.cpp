@@ -1,11 +1,11 @@
 #include "outside_run.h"
 #include "private_home.h"
+#include "running_program.h"
 #include "scripted_tool.h"
 #include "test_main.h"
 
 #include <QDir>
 #include <QDirIterator>
-#include <QProcess>
 #include <QSettings>
 
 #include <csignal>
@@ -14,86 +14,7 @@
 namespace
 {
 
-constexpr int limit_ms = 30000;
 constexpr int failed_status = 255;  // -1 as a system with eight bits of status shows it
-
-/// The program in a process of its own, driven from within by `steps`.
-class running_program
-{
-public:
-    explicit running_program(const QString &program, const QString &steps = QString(),
-                             const QStringList &arguments = QStringList(),
-                             const QString &locale = "C.UTF-8")
-    {
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert("QT_PLUGIN_PATH", INSIDE_DRIVER_PLUGINS);
-        environment.insert("QT_QPA_GENERIC_PLUGINS", "inside_driver");
-        environment.insert("INSIDE_DRIVER", steps);
-        environment.insert("LC_ALL", locale);
-        // The list of a leak checker would stand on the stream of the report.
-        environment.insert("LSAN_OPTIONS",
-                           environment.value("LSAN_OPTIONS") + ":print_suppressions=0");
-        process.setProcessEnvironment(environment);
-        process.start(program, arguments);
-    }
-
-    ~running_program()
-    {
-        process.kill();
-        process.waitForFinished();
-    }
-
-    bool wait_until_shown()
-    {
-        while (!output.contains("shown\n") && process.waitForReadyRead(limit_ms))
-            output += process.readAllStandardOutput();
-        return output.contains("shown\n") && QTest::qWaitFor([this] { return sleeps(); }, limit_ms);
-    }
-
-    bool wait_until_ended()
-    {
-        const bool ended =
-            process.state() == QProcess::NotRunning || process.waitForFinished(limit_ms);
-        output += process.readAllStandardOutput();
-        errors += process.readAllStandardError();
-        return ended;
-    }
-
-    void receive(int signal_number) const
-    {
-        kill(static_cast<pid_t>(process.processId()), signal_number);
-    }
-
-    /// -1 if a signal ended it without the program's doing.
-    int status() const
-    {
-        return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
-    }
-
-    /// What the driver printed under `name`.
-    QStringList printed(const QString &name) const
-    {
-        QStringList texts;
-        for (const QString &line : QString::fromUtf8(output).split('\n')) {
-            if (line.startsWith(name + ": "))
-                texts << line.mid(name.size() + 2);
-        }
-        return texts;
-    }
-
-    QByteArray output;
-    QByteArray errors;
-
-private:
-    /// Whether it waits for events: the report isn't made for a signal inside of an allocation.
-    bool sleeps() const
-    {
-        QFile stat(QString("/proc/%1/stat").arg(process.processId()));
-        return stat.open(QIODevice::ReadOnly) && stat.readAll().contains(") S ");
-    }
-
-    QProcess process;
-};
 
 QStringList files_below(const QString &folder)
 {

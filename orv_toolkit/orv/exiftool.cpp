@@ -69,7 +69,15 @@ void print_tags(const QString &file, const tag_map &tags)
 std::shared_ptr<exiftool> exiftool::instance()
 {
     static const std::shared_ptr<exiftool> tool = std::make_shared<exiftool>(construction_key());
+    static const interrupted_request_guard guard{tool};
     return tool;
+}
+
+exiftool::interrupted_request_guard::~interrupted_request_guard()
+{
+    const bool is_interrupted = tool.use_count() > 1;
+    if (is_interrupted && tool->proc->state() != QProcess::NotRunning)
+        tool->quits_in_time();
 }
 
 exiftool::exiftool(construction_key) : ready_marker(ready_text)
@@ -106,8 +114,7 @@ exiftool::~exiftool()
     }
     connect(
         proc, &QProcess::readyRead, this, [this] { relay_exit_output(); }, Qt::DirectConnection);
-    write_to_proc("-stay_open\nFalse\n");
-    if (!proc->waitForFinished(quit_timeout_ms)) {
+    if (!quits_in_time()) {
         print_line("Exiftool didn't quit in time. Killing it.");
         proc->kill();
     }
@@ -179,6 +186,12 @@ void exiftool::stamp_software(const QString &file)
 void exiftool::set_quiet(bool on)
 {
     quiet = on;
+}
+
+bool exiftool::quits_in_time()
+{
+    write_to_proc("-stay_open\nFalse\n");
+    return proc->waitForFinished(quit_timeout_ms);
 }
 
 /// Each attempt offers the whole length again, from behind what the attempts before have counted;

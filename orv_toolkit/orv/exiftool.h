@@ -35,7 +35,8 @@ class exiftool : public QObject
 
 public:
     /// The one object, made at the first call, which starts the tool: "exiftool.exe" in the folder
-    /// of the program. It is destroyed at the end of the process, which ends the tool.
+    /// of the program. It is destroyed at the end of the process, which ends the tool; a signal
+    /// inside of a request has the tool quit behind that request.
     static std::shared_ptr<exiftool> instance();
 
     /// For `instance` alone. A tool that can't be started is reported on the standard streams;
@@ -74,6 +75,15 @@ public:
     void set_quiet(bool on);
 
 private:
+    /// Asks the tool to quit when a signal ends the program inside of a request: the caller never
+    /// gives its pointer back then, so the destructor doesn't run. The tool isn't killed, however
+    /// long it takes; a photo that it is writing would be cut short.
+    struct interrupted_request_guard {
+        const std::shared_ptr<exiftool> &tool;
+        ~interrupted_request_guard();
+    };
+
+    bool quits_in_time();
     void write_to_proc(const QString &text);
     QString read_until_ready();
     void relay_standard_error();

@@ -9,6 +9,17 @@
 //   settings LANGUAGE ANSWER
 //               clicks the settings button, picks the language, closes the dialog and clicks the
 //               button ANSWER, "Yes" or "No", of the question behind it; prints its title
+//   shift UNIT TEXT
+//               types the text into the field of that unit
+//   click NAME  clicks one of the window's buttons by the names below
+//   values BATCH
+//               prints from now on each value that the progress of the batch, "load" or "fix"
+//               (which is that of an undo too), is set to
+//   at BATCH VALUE STEP
+//               takes the step once, with the first events that are served when the progress has
+//               reached the value
+//   raise NUMBER
+//               sends itself the signal
 //   hide | close | exit STATUS
 
 #include <QAbstractEventDispatcher>
@@ -20,6 +31,8 @@
 #include <QIcon>
 #include <QMainWindow>
 #include <QMessageBox>
+#include <QProgressBar>
+#include <QProgressDialog>
 #include <QPushButton>
 #include <QStringList>
 #include <QStyle>
@@ -29,6 +42,8 @@
 
 #include <unistd.h>
 
+#include <algorithm>
+#include <csignal>
 #include <iostream>
 
 namespace
@@ -105,21 +120,49 @@ private:
     QTimer poll;
 };
 
-/// The first button of the strip at the top.
-QPushButton *settings_button(const QMainWindow &window)
+/// Where a button of the window stands: none of them has a text.
+struct button_place {
+    const char *name;
+    const char *strip;  ///< the widget that the button stands in
+    int from_left;
+};
+
+constexpr button_place button_places[] = {
+    {"settings", "widget_info", 0},   {"about", "widget_info", 1}, {"help", "widget_info", 2},
+    {"fix", "widget_logo", 0},        {"undo", "widget_logo", 1},  {"load", "dropper_controls", 0},
+    {"reset", "dropper_controls", 1},
+};
+
+void click(const QMainWindow &window, const QString &name)
 {
-    QPushButton *first = nullptr;
-    for (auto *button : window.findChild<QWidget *>("widget_info")->findChildren<QPushButton *>()) {
-        if (!first || button->x() < first->x())
-            first = button;
-    }
-    return first;
+    const auto *place =
+        std::find_if(std::begin(button_places), std::end(button_places),
+                     [&](const button_place &button) { return button.name == name; });
+    if (place == std::end(button_places))
+        qFatal("no button %s", qPrintable(name));
+    auto buttons = window.findChild<QWidget *>(place->strip)->findChildren<QPushButton *>();
+    std::sort(buttons.begin(), buttons.end(), [](const auto *a, const auto *b) {
+        return a->mapToGlobal({}).x() < b->mapToGlobal({}).x();
+    });
+    QTest::mouseClick(buttons.at(place->from_left), Qt::LeftButton);
 }
 
 void change_language(const QMainWindow &window, const QString &language, const QString &answer)
 {
     const settings_user user(language, answer);
-    QTest::mouseClick(settings_button(window), Qt::LeftButton);
+    click(window, "settings");
+}
+
+void type_shift(const QMainWindow &window, const QString &unit, const QString &text)
+{
+    QTest::keyClicks(window.findChild<QWidget *>("lineedit_" + unit), text);
+}
+
+/// The progress dialogs are told apart by the order in which the window makes them.
+const QProgressBar *progress_bar(const QMainWindow &window, const QString &batch)
+{
+    const auto dialogs = window.findChildren<QProgressDialog *>();
+    return dialogs.at(batch == "fix" ? 0 : 1)->findChild<QProgressBar *>();
 }
 
 class driver : public QObject
@@ -155,10 +198,15 @@ private:
     {
         QMainWindow *window = main_window();
         for (const QString &step : qAsConst(steps))
-            run(*window, step.section(' ', 0, 0), step.section(' ', 1));
+            run(*window, step);
     }
 
-    static void run(QMainWindow &window, const QString &verb, const QString &argument)
+    void run(QMainWindow &window, const QString &step)
+    {
+        run(window, step.section(' ', 0, 0), step.section(' ', 1));
+    }
+
+    void run(QMainWindow &window, const QString &verb, const QString &argument)
     {
         if (verb == "report")
             print_report(window);
@@ -169,6 +217,17 @@ private:
             print("rows", QString::number(window.findChild<QTableView *>()->model()->rowCount()));
         else if (verb == "settings")
             change_language(window, argument.section(' ', 0, 0), argument.section(' ', 1));
+        else if (verb == "shift")
+            type_shift(window, argument.section(' ', 0, 0), argument.section(' ', 1));
+        else if (verb == "click")
+            click(window, argument);
+        else if (verb == "values")
+            print_values(window, argument);
+        else if (verb == "at")
+            run_at(window, argument.section(' ', 0, 0), argument.section(' ', 1, 1).toInt(),
+                   argument.section(' ', 2));
+        else if (verb == "raise")
+            std::raise(argument.toInt());
         else if (verb == "hide")
             window.hide();
         else if (verb == "close")
@@ -177,6 +236,24 @@ private:
             QCoreApplication::exit(argument.toInt());
         else
             qFatal("unknown step %s", qPrintable(verb));
+    }
+
+    void print_values(const QMainWindow &window, const QString &batch)
+    {
+        connect(progress_bar(window, batch), &QProgressBar::valueChanged, this,
+                [batch](int value) { print(qPrintable(batch), QString::number(value)); });
+    }
+
+    void run_at(QMainWindow &window, const QString &batch, int value, const QString &step)
+    {
+        auto *once = new QObject(this);
+        connect(progress_bar(window, batch), &QProgressBar::valueChanged, once,
+                [=, &window](int now) {
+                    if (now != value)
+                        return;
+                    delete once;
+                    QTimer::singleShot(0, this, [=, &window] { run(window, step); });
+                });
     }
 
     static QMainWindow *main_window()
