@@ -14,6 +14,9 @@ Q_DECLARE_METATYPE(lines)
 namespace
 {
 
+constexpr int greatest = std::numeric_limits<int>::max();
+constexpr int least = std::numeric_limits<int>::min();
+
 constexpr int failed_status = 255;  // -1 as a system with eight bits of status shows it
 
 outside_result misuse(const QString &way)
@@ -102,6 +105,10 @@ void test_layout_answers::sizes_are_sums_data()
                                << QSize(110, 24) << QSize(24, 110);
     QTest::newRow("some automatic") << lines{0, 50, 0} << lines{7, 0}
                                     << QSize(50, 7) << QSize(27, 90);
+    QTest::newRow("sums beyond an int end at its limits")
+        << lines{greatest, 1} << lines{least, -1} << QSize(greatest, least) << QSize(least, greatest);
+    QTest::newRow("sum of automatic lines too")
+        << lines{greatest, 0} << lines{0, greatest} << QSize(greatest, greatest) << QSize(greatest, greatest);
     // clang-format on
 }
 
@@ -129,8 +136,8 @@ void test_layout_answers::items_are_the_cells_in_use()
         QCOMPARE(some.grid->itemAt(i), &some.grid->cells.at({in_use[i].x(), in_use[i].y()}));
     QVERIFY(!some.grid->itemAt(-1));
     QVERIFY(!some.grid->itemAt(4));
-    QVERIFY(!some.grid->itemAt(std::numeric_limits<int>::max()));
-    QVERIFY(!some.grid->itemAt(std::numeric_limits<int>::min()));
+    QVERIFY(!some.grid->itemAt(greatest));
+    QVERIFY(!some.grid->itemAt(least));
 }
 
 void test_layout_answers::items_go_row_by_row()

@@ -2,6 +2,7 @@
 #include "test_main.h"
 
 #include <functional>
+#include <limits>
 #include <utility>
 #include <vector>
 
@@ -165,6 +166,7 @@ private slots:
     void covered_cell_takes_no_room_in_its_row();
     void row_without_a_widget_takes_its_height();
     void cells_before_the_first_line_stay();
+    void place_beyond_an_int_is_the_farthest();
     void alignment_has_no_effect();
 };
 
@@ -534,6 +536,17 @@ void test_layout_geometry::cells_before_the_first_line_stay()
     some.pass();
     QCOMPARE(outside.content->geometry(), QRect(1, 2, 3, 4));
     QVERIFY(!outside.background()->parent());
+}
+
+void test_layout_geometry::place_beyond_an_int_is_the_farthest()
+{
+    layout_screen some(QSize(300, 200), 2);
+    const cell far_right = some.add(wishes_on(Qt::Horizontal, {50, 3e9f}));
+    const cell far_left = some.add(wishes_on(Qt::Horizontal, {50, -1, 3e9f}));
+    some.pass();
+    QCOMPARE(far_right.content->x(), std::numeric_limits<int>::max() - QWIDGETSIZE_MAX);
+    QCOMPARE(far_left.content->x(), std::numeric_limits<int>::min());
+    QCOMPARE(far_right.content->width(), 50);
 }
 
 void test_layout_geometry::alignment_has_no_effect()

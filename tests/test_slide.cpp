@@ -140,6 +140,8 @@ private slots:
     void negative_line_is_the_last();
     void line_beyond_the_end_is_made();
     void target_may_be_automatic();
+    void any_way_leads_to_the_target_data();
+    void any_way_leads_to_the_target();
     void window_keeps_the_size_that_it_had();
     void slides_in_a_layout_inside();
     void moves_the_dialog_and_not_its_owner();
@@ -303,6 +305,30 @@ void test_slide::target_may_be_automatic()
     some.sliding().animate_row_height(0, 0);
     QCOMPARE(some.grid->row_heights, std::vector<int>({0, 0}));
     QCOMPARE(events.seen, frames({{70, 100}}, true));
+}
+
+void test_slide::any_way_leads_to_the_target_data()
+{
+    constexpr int greatest = std::numeric_limits<int>::max();
+    constexpr int least = std::numeric_limits<int>::min();
+    QTest::addColumn<int>("start");
+    QTest::addColumn<int>("target");
+    QTest::newRow("from the greatest to nothing") << greatest << 0;
+    QTest::newRow("from nothing to the least") << 0 << least;
+    QTest::newRow("from the greatest to the least") << greatest << least;
+    QTest::newRow("from the least to the greatest") << least << greatest;
+}
+
+/// Without a window on the screen, which couldn't become so large.
+void test_slide::any_way_leads_to_the_target()
+{
+    QFETCH(int, start);
+    QFETCH(int, target);
+    for (const float seconds : {0.1f, std::numeric_limits<float>::denorm_min()}) {
+        screen some({70, start});
+        some.sliding().animate_row_height(target, seconds);
+        QCOMPARE(some.grid->row_heights, std::vector<int>({target, 0}));
+    }
 }
 
 void test_slide::window_keeps_the_size_that_it_had()

@@ -3,10 +3,13 @@
 #include "qor/assertion.h"
 #include "qor/exception.h"
 #include "qor/qt/lambda.h"
+#include "qor/qt/whole_pixels.h"
 
 #include <QWidget>
 
 #include <algorithm>
+#include <cstdint>
+#include <limits>
 #include <numeric>
 
 namespace qor::qt
@@ -73,24 +76,27 @@ stretch padded(const stretch &content, const extent &around)
             content.size + around.padding_before + around.padding_after};
 }
 
-/// In whole pixels, as all that a widget gets.
-int truncated(float length)
+/// At most so far that a widget of any size has its other edge within an int, as Qt needs it.
+int whole_place(float start)
 {
-    return static_cast<int>(length);
+    constexpr int farthest = std::numeric_limits<int>::max() - QWIDGETSIZE_MAX;
+    return std::min(whole_pixels(start), farthest);
 }
 
 void set_area(QWidget &widget, const stretch &across, const stretch &down, QPoint shift = QPoint())
 {
-    widget.move(truncated(static_cast<float>(shift.x()) + across.start),
-                truncated(static_cast<float>(shift.y()) + down.start));
-    widget.setFixedSize(std::max(0, truncated(across.size)), std::max(0, truncated(down.size)));
+    widget.move(whole_place(static_cast<float>(shift.x()) + across.start),
+                whole_place(static_cast<float>(shift.y()) + down.start));
+    widget.setFixedSize(std::max(0, whole_pixels(across.size)),
+                        std::max(0, whole_pixels(down.size)));
 }
 
 int sum_of(const std::vector<int> &lines, int automatic_size)
 {
-    return std::accumulate(lines.begin(), lines.end(), 0, [=](int sum, int line) {
+    const auto add = [=](std::int64_t sum, int line) {
         return sum + (line == 0 ? automatic_size : line);
-    });
+    };
+    return whole_pixels(std::accumulate(lines.begin(), lines.end(), std::int64_t(0), add));
 }
 
 void grow(std::vector<int> &lines, int last)

@@ -1,10 +1,13 @@
 #include "qor/qt/slide.h"
 
+#include "qor/qt/whole_pixels.h"
+
 #include <QSize>
 #include <QWidget>
 
 #include <algorithm>
 #include <chrono>
+#include <cstdint>
 #include <cstdlib>
 #include <thread>
 
@@ -20,7 +23,7 @@ constexpr float microseconds_per_second = 1000000;
 /// A line with the way that it has to go: positive when it shrinks.
 struct way {
     const sliding_line &line;
-    int delta;
+    std::int64_t delta;
 
     bool has_passed() const
     {
@@ -33,16 +36,16 @@ std::vector<way> ways_of(const std::vector<sliding_line> &lines)
 {
     std::vector<way> ways;
     for (const sliding_line &line : lines)
-        ways.push_back({line, line.size() - line.target});
+        ways.push_back({line, std::int64_t(line.size()) - line.target});
     return ways;
 }
 
 /// In pixels; no more than what passes the target, however short the time is.
-int step_of(int delta, float seconds)
+int step_of(std::int64_t delta, float seconds)
 {
     const float limit = std::abs(static_cast<float>(delta)) + 1;
     const float step = static_cast<float>(delta) / seconds / steps_per_second;
-    return static_cast<int>(std::clamp(step, -limit, limit));
+    return whole_pixels(std::clamp(step, -limit, limit));
 }
 
 void wait_for_next_step(float seconds)
@@ -57,7 +60,8 @@ void move_in_steps(QWidget &window, QSize size, const std::vector<way> &ways, fl
     int steps = 0;
     do {
         for (const way &each : ways)
-            each.line.size() -= step_of(each.delta, seconds);
+            each.line.size() =
+                whole_pixels(each.line.size() - std::int64_t(step_of(each.delta, seconds)));
         if (std::any_of(ways.begin(), ways.end(), std::mem_fn(&way::has_passed)))
             return;
         lay_out_anew(window, size, repaints);

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+
+namespace qor::qt
+{
+
+/// The count itself, or the nearest int where none holds it.
+inline int whole_pixels(std::int64_t count)
+{
+    using limits = std::numeric_limits<int>;
+    return static_cast<int>(std::clamp<std::int64_t>(count, limits::min(), limits::max()));
+}
+
+/// The length truncated toward zero, or the nearest int where none holds it; what is no number
+/// counts as 0.
+inline int whole_pixels(float length)
+{
+    constexpr float beyond_an_int = 2147483648.0f;
+    if (length >= beyond_an_int)
+        return std::numeric_limits<int>::max();
+    if (length < -beyond_an_int)
+        return std::numeric_limits<int>::min();
+    return length == length ? static_cast<int>(length) : 0;
+}
+
+}  // namespace qor::qt
