@@ -198,6 +198,7 @@ void test_qor_string::search_gives_the_last_character_of_the_match_data()
     QTest::newRow("at the end") << "a:b" << ":" << quint64(3) << false << none;
     QTest::newRow("past the end") << "a:b" << ":" << quint64(7) << false << none;
     QTest::newRow("empty text") << "" << ":" << quint64(0) << false << none;
+    QTest::newRow("NUL isn't behind the end") << "ab" << QString(QChar::Null) << quint64(0) << false << none;
     QTest::newRow("empty separator") << "abc" << "" << quint64(2) << false << quint64(1);
     QTest::newRow("empty separator from the start") << "abc" << "" << quint64(0) << false << none;
     QTest::newRow("empty separator at the end") << "abc" << "" << quint64(3) << false << none;

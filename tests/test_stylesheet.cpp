@@ -251,6 +251,7 @@ void test_stylesheet::merge_goes_declaration_by_declaration_data()
     QTest::newRow("semicolon is added") << "" << "a:1" << "a:1;" << "a:1;";
     QTest::newRow("semicolon is there") << "" << "a:1;" << "a:1;" << "a:1;";
     QTest::newRow("semicolon followed by a blank isn't the last") << "" << "a:1; " << "a:1; ;" << "a:1; ;";
+    QTest::newRow("semicolon at the start is a declaration") << "a:1;" << ";a:2;" << "a:2;;" << ";a:2;";
     QTest::newRow("not found goes to the end") << "b:2;" << "a:1;" << "b:2;a:1;" << "a:1;";
     QTest::newRow("several go to the end in their order") << "z:1;" << "b:2;a:1;" << "z:1;b:2;a:1;" << "b:2;a:1;";
     QTest::newRow("found is replaced in its place") << "a:1;b:2;c:3;" << "b:9;" << "a:1;b:9;c:3;" << "b:9;";
