@@ -5,6 +5,7 @@
 #   build        what building and running Kelvra takes
 #   test         what its tests and the virtual display take besides
 #   screenshots  what taking the pictures of its screens takes besides the first
+#   coverage     what counting the lines that the tests run takes besides both
 #   artwork      what rendering its pictures from their sources takes
 set -eu
 
@@ -12,6 +13,7 @@ build_packages="cmake g++ ninja-build qtbase5-dev qttools5-dev qttools5-dev-tool
     libimage-exiftool-perl qttranslations5-l10n fonts-freefont-ttf"
 test_packages="git libxml2-utils tzdata w3c-sgml-lib xauth xvfb"
 screenshot_packages="imagemagick openbox procps x11-utils xauth xdotool xvfb"
+coverage_packages="gcovr"
 artwork_packages="fonts-freefont-ttf librsvg2-bin"
 
 is_installed() {
@@ -24,6 +26,7 @@ for set in "$@"; do
     build) packages=$build_packages ;;
     test) packages=$test_packages ;;
     screenshots) packages=$screenshot_packages ;;
+    coverage) packages=$coverage_packages ;;
     artwork) packages=$artwork_packages ;;
     *)
         echo "unknown set of packages: $set" >&2
