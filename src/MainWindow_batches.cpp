@@ -21,10 +21,11 @@ struct MainWindow::photo_row {
 namespace
 {
 
+/// Borrowed from the cache; good until the next load or reset.
 photo_tags cached_tags(const QString &path)
 {
     const auto cache = exif_cache::instance();
-    return {cache->raw_tags_copy(path), cache->record_copy(path)};
+    return {cache->raw_tags_of(path), cache->record_of(path)};
 }
 
 }  // namespace
@@ -133,8 +134,10 @@ QStringList MainWindow::fix_all_rows()
 bool MainWindow::fix_photo(const photo_row &photo)
 {
     const QList<undo_entry> entries = capture_undo_entries(photo.path);
-    const tag_map tags =
-        fix_tags(cached_tags(photo.path), photo.new_time, model->alter_timezone, model->timezone);
+    const auto cache = exif_cache::instance();
+    const tag_map record = cache->record_copy(photo.path);
+    const tag_map tags = fix_tags({cache->raw_tags_of(photo.path), record}, photo.new_time,
+                                  model->alter_timezone, model->timezone);
     if (!orv::exiftool::instance()->write_tags(photo.path, tags))
         return false;
     undo_map[photo.path] = entries;

@@ -9,10 +9,10 @@
 #include <QStringList>
 
 /// What is known of a photo: its tags as the metadata tool reported them, the names with their
-/// groups, and the record that `exif_cache` derived from them.
+/// groups, and the record that `exif_cache` derived from them. Both maps are borrowed.
 struct photo_tags {
-    tag_map raw_tags;
-    tag_map record;
+    const tag_map &raw_tags;
+    const tag_map &record;
 };
 
 /// The names of the date tags that a fix writes where the photo has them, and an undo writes back.

@@ -13,10 +13,11 @@ namespace
 const std::string exif_recording_tag = "ExifIFD:DateTimeOriginal";
 const std::string ifd0_recording_tag = "IFD0:DateTimeOriginal";
 
-tag_map copy_of(const std::map<std::string, tag_map> &files, const QString &path)
+const tag_map &entry_of(const std::map<std::string, tag_map> &files, const QString &path)
 {
+    static const tag_map no_tags;
     const auto found = files.find(path.toStdString());
-    return found == files.end() ? tag_map() : found->second;
+    return found == files.end() ? no_tags : found->second;
 }
 
 /// Ends the program if `parts` aren't three, in every build: going on would shift a wrong time.
@@ -70,14 +71,19 @@ void exif_cache::load(const std::string &path)
     records[path]["has_data"] = "true";
 }
 
-tag_map exif_cache::record_copy(const QString &path) const
+const tag_map &exif_cache::record_of(const QString &path) const
 {
-    return copy_of(records, path);
+    return entry_of(records, path);
 }
 
-tag_map exif_cache::raw_tags_copy(const QString &path) const
+const tag_map &exif_cache::raw_tags_of(const QString &path) const
 {
-    return copy_of(raw_tags, path);
+    return entry_of(raw_tags, path);
+}
+
+tag_map exif_cache::record_copy(const QString &path) const
+{
+    return record_of(path);
 }
 
 void exif_cache::parse_recording_date(const std::string &path, const std::string &value)

@@ -24,11 +24,14 @@ public:
     /// program.
     void load(const std::string &path);
 
-    /// A copy of the record of the file, empty for one that wasn't loaded.
-    tag_map record_copy(const QString &path) const;
+    /// The record of the file, empty for one that wasn't loaded. Valid until the maps here change.
+    const tag_map &record_of(const QString &path) const;
 
-    /// A copy of the tags of the file, likewise.
-    tag_map raw_tags_copy(const QString &path) const;
+    /// The tags of the file, likewise.
+    const tag_map &raw_tags_of(const QString &path) const;
+
+    /// A copy of the record of the file.
+    tag_map record_copy(const QString &path) const;
 
     /// The derived record of each file. The keys: `rec_year`, `rec_month`, `rec_day`, `rec_hour`,
     /// `rec_minute`, `rec_second` (the recording time as it stands in the file, absent where it has

@@ -137,7 +137,7 @@ void table_data_model::resort()
 
 QDateTime table_data_model::recording_time(const QString &path) const
 {
-    const tag_map record = exif_cache::instance()->record_copy(path);
+    const tag_map &record = exif_cache::instance()->record_of(path);
     const QDate date(number(record, "rec_year"), number(record, "rec_month"),
                      number(record, "rec_day"));
     const QTime time(number(record, "rec_hour"), number(record, "rec_minute"),
@@ -153,7 +153,7 @@ QDateTime table_data_model::new_recording_time(const QString &path) const
 
 QString table_data_model::zone_text_for(const QString &path, bool apply_offset) const
 {
-    const tag_map record = exif_cache::instance()->record_copy(path);
+    const tag_map &record = exif_cache::instance()->record_of(path);
     const auto found = record.find("iptc_timezone");
     const QString zone = found == record.end() ? QString() : QString::fromStdString(found->second);
     if (apply_offset && alter_timezone)

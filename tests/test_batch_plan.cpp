@@ -164,14 +164,16 @@ void test_batch_plan::fix_writes_each_tag_by_its_kind()
     QFETCH(bool, present);
     QFETCH(bool, zone_stored);
     QFETCH(bool, zone_entered);
-    photo_tags photo{{}, summer_record()};
+    tag_map raw_tags;
+    tag_map record = summer_record();
     if (tag == ifd0_original)
-        photo.record["DateTimeOriginalInIFD0"] = "true";
+        record["DateTimeOriginalInIFD0"] = "true";
     if (zone_stored)
-        photo.record["iptc_timezone"] = "+02:00";
+        record["iptc_timezone"] = "+02:00";
     if (present)
-        photo.raw_tags[tag.toStdString()] = "2001:01:01 01:01:01";
-    const tag_map values = fix_tags(photo, new_time, zone_entered, zone_entered ? 3.0 : 0.0);
+        raw_tags[tag.toStdString()] = "2001:01:01 01:01:01";
+    const tag_map values =
+        fix_tags({raw_tags, record}, new_time, zone_entered, zone_entered ? 3.0 : 0.0);
     QTEST(written(values, tag), "expected");
 }
 
@@ -309,11 +311,11 @@ void test_batch_plan::iptc_time_is_remembered_with_date_and_zone()
     QFETCH(QString, zone);
     QFETCH(QString, month);
     // The date of the tag's own group must not count.
-    photo_tags photo{{{iptc_time, reported.toStdString()}, {iptc_date, "2001:09:11"}},
-                     with(summer_record(), "rec_month", month.toStdString())};
+    const tag_map raw_tags = {{iptc_time, reported.toStdString()}, {iptc_date, "2001:09:11"}};
+    tag_map record = with(summer_record(), "rec_month", month.toStdString());
     if (!zone.isEmpty())
-        photo.record["iptc_timezone"] = zone.toStdString();
-    QTEST(remembered_iptc_time(photo), "expected");
+        record["iptc_timezone"] = zone.toStdString();
+    QTEST(remembered_iptc_time({raw_tags, record}), "expected");
 }
 
 void test_batch_plan::zone_without_a_number_throws_out_of_the_snapshot()

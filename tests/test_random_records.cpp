@@ -302,7 +302,7 @@ void test_random_records::any_tags_from_the_tool_make_a_record()
         cache->records.clear();
         cache->load("/photos/photo.jpg");
         const tag_map actual = cache->record_copy("/photos/photo.jpg");
-        return actual == *expected && cache->raw_tags_copy("/photos/photo.jpg") == tags
+        return actual == *expected && cache->raw_tags_of("/photos/photo.jpg") == tags
                    ? std::string()
                    : escaped(tags) + " give " + escaped(actual) + ", not " + escaped(*expected);
     });
