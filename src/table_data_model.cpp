@@ -105,12 +105,13 @@ void table_data_model::sort(int column, Qt::SortOrder order)
 
 void table_data_model::add_file(const QString &path, bool notify)
 {
-    if (files.contains(path))
+    if (known_files.contains(path))
         return;
     const int row = rowCount();
     if (notify)
         beginInsertRows(QModelIndex(), row, row);
     files << path;
+    known_files << path;
     exif_cache::instance()->load(path.toStdString());
     if (notify)
         endInsertRows();
@@ -127,6 +128,7 @@ void table_data_model::clear()
 {
     beginResetModel();
     files.clear();
+    known_files.clear();
     endResetModel();
 }
 

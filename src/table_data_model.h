@@ -7,6 +7,7 @@
 #include <QAbstractTableModel>
 #include <QDateTime>
 #include <QFont>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 
@@ -92,4 +93,6 @@ private:
     QString time_text(const QDateTime &time, const QString &path, bool apply_offset) const;
     void sort_by_name(Qt::SortOrder order);
     void sort_by_recording_time(Qt::SortOrder order);
+
+    QSet<QString> known_files;  ///< those of `files`, which would take long to search
 };
