@@ -34,6 +34,35 @@ int number(const tag_map &record, const char *key)
     return found == record.end() ? 0 : to_int(found->second, 0);
 }
 
+/// The recording times of the two paths that were asked for last. A sort compares one path with
+/// many in a row.
+class recent_times
+{
+public:
+    explicit recent_times(const table_data_model &model) : model(model) {}
+
+    QDateTime of(const QString &path)
+    {
+        if (!latest.is_of(path))
+            std::swap(latest, earlier);
+        if (!latest.is_of(path))
+            latest = {path, model.recording_time(path)};
+        return latest.time;
+    }
+
+private:
+    struct dated_path {
+        QString path;
+        QDateTime time;
+
+        bool is_of(const QString &other) const { return !path.isNull() && path == other; }
+    };
+
+    const table_data_model &model;
+    dated_path latest;
+    dated_path earlier;
+};
+
 }  // namespace
 
 table_data_model::table_data_model(QObject *parent)
@@ -250,9 +279,10 @@ void table_data_model::sort_by_name(Qt::SortOrder order)
 void table_data_model::sort_by_recording_time(Qt::SortOrder order)
 {
     const bool descending = order == Qt::DescendingOrder;
-    std::sort(files.begin(), files.end(), [this, descending](const QString &a, const QString &b) {
-        const QDateTime ta = recording_time(a);
-        const QDateTime tb = recording_time(b);
+    recent_times times(*this);
+    std::sort(files.begin(), files.end(), [&times, descending](const QString &a, const QString &b) {
+        const QDateTime ta = times.of(a);
+        const QDateTime tb = times.of(b);
         return descending ? tb < ta : ta < tb;
     });
 }

@@ -30,6 +30,7 @@ private slots:
     void init();
     void cleanup();
 
+    void many_files_sort_by_time();
     void files_sort_by_name_data();
     void files_sort_by_name();
     void names_sort_as_the_locale_does();
@@ -96,6 +97,27 @@ QStringList test_column_sorting::log_signals(const std::function<void()> &action
             });
     action();
     return names;
+}
+
+void test_column_sorting::many_files_sort_by_time()
+{
+    constexpr int count = 400;
+    constexpr int scattered = 37;
+    QMap<QString, QString> times = {{QString(), "2017:05:03 13:00:00"}};
+    QStringList expected;
+    for (int i = 0; i < count; ++i) {
+        const QString path = QString("/p/%1.jpg").arg(i * scattered % count);
+        const QTime time = QTime(12, 0).addSecs(i);
+        times[path] = "2017:05:03 " + time.toString("hh:mm:ss");
+        expected << path;
+    }
+    expected << QString();
+    use_times(times);
+    model->sort(column::recording_time_column, Qt::AscendingOrder);
+    QCOMPARE(model->files, expected);
+    model->sort(column::recording_time_column, Qt::DescendingOrder);
+    std::reverse(expected.begin(), expected.end());
+    QCOMPARE(model->files, expected);
 }
 
 void test_column_sorting::files_sort_by_name_data()
