@@ -1,6 +1,8 @@
 #include "to_int.h"
 
 #include <algorithm>
+#include <charconv>
+#include <system_error>
 
 namespace
 {
@@ -14,10 +16,12 @@ bool is_number_character(char character)
 
 int to_int(const std::string &text, int default_value)
 {
-    if (std::none_of(text.begin(), text.end(), is_number_character))
+    const auto begin = std::find_if(text.begin(), text.end(), is_number_character);
+    if (begin == text.end())
         return default_value;
-    std::string number = text;
-    std::replace_if(
-        number.begin(), number.end(), [](char c) { return !is_number_character(c); }, ' ');
-    return std::stoi(number);
+    const char *first = text.data() + (begin - text.begin());
+    int number = 0;
+    if (std::from_chars(first, text.data() + text.size(), number).ec == std::errc())
+        return number;
+    return std::stoi(std::string(begin, text.end()));  // throws
 }

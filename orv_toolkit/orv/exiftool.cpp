@@ -128,7 +128,7 @@ tag_map exiftool::read_tags(const QString &file, bool group_names, bool print_re
     QString request = group_names ? "-G1\n" : "";
     request += "\n%1\n-execute\n";
     write_to_proc(request.arg(file));
-    const tag_map tags = parse_tag_reply(read_until_ready());
+    tag_map tags = parse_tag_reply(read_until_ready());
     if (print_result)
         print_tags(file, tags);
     return tags;

@@ -1,7 +1,6 @@
 #include "orv/tag_reply.h"
 
 #include <QStringRef>
-#include <QVector>
 
 namespace orv
 {
@@ -14,22 +13,29 @@ std::string utf8(const QStringRef &text)
     return text.toUtf8().toStdString();
 }
 
+int line_end(const QString &text, int begin)
+{
+    const int end = text.indexOf(QLatin1Char('\n'), begin);
+    return end == -1 ? text.size() : end;
+}
+
 }  // namespace
 
 const char ready_text[] = "{ready}";
 
 tag_map parse_tag_reply(const QString &reply)
 {
-    const QLatin1String ready(ready_text);
+    const QLatin1Char equals('=');
     tag_map tags;
-    const QVector<QStringRef> lines = reply.splitRef(QLatin1Char('\n'), Qt::SkipEmptyParts);
-    for (const QStringRef &line : lines) {
-        if (line == ready)
+    for (int begin = 0, end = 0; begin < reply.size(); begin = end + 1) {
+        end = line_end(reply, begin);
+        const QStringRef line = reply.midRef(begin, end - begin);
+        const int first = line.indexOf(equals);
+        if (first == -1)
             continue;
-        const QVector<QStringRef> parts = line.split(QLatin1Char('='));
-        if (parts.size() < 2)
-            continue;
-        tags[utf8(parts[0].mid(1).trimmed())] = utf8(parts[1].trimmed());
+        const int second = line.indexOf(equals, first + 1);
+        const QStringRef value = line.mid(first + 1, second == -1 ? -1 : second - first - 1);
+        tags[utf8(line.left(first).mid(1).trimmed())] = utf8(value.trimmed());
     }
     return tags;
 }
