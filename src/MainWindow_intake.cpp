@@ -10,7 +10,9 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QFileOpenEvent>
+#include <QHeaderView>
 #include <QSettings>
+#include <QSignalBlocker>
 #include <QStandardPaths>
 #include <QTableView>
 
@@ -19,7 +21,7 @@ namespace
 
 constexpr char last_load_path_key[] = "last_load_path";
 constexpr int repaint_limit_ms = 50;
-constexpr int frame_length_ms = 20;
+constexpr int frame_length_ms = 100;
 
 /// The patterns of all the files that the metadata tool opens, a blank behind each.
 QString supported_patterns()
@@ -43,8 +45,10 @@ bool MainWindow::event(QEvent *e)
 void MainWindow::load_files(QStringList filenames)
 {
     start_progress(progress_load, filenames.size());
-    // Painting the table for each row would cost as much time as the tool takes for a file.
+    // Painting the table for each row would cost as much time as the tool takes for a file. It
+    // isn't laid out for each either: the sort at the end does that once.
     ui->tableView->setUpdatesEnabled(false);
+    const QSignalBlocker rows_wait(ui->tableView->verticalHeader());
     int loaded = 0;
     for (const QString &file : qAsConst(filenames)) {
         model->add_file(file, true);

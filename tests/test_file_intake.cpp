@@ -3,6 +3,7 @@
 
 #include <QFileOpenEvent>
 #include <QHeaderView>
+#include <QScrollBar>
 #include <QSettings>
 #include <QTableView>
 
@@ -17,6 +18,7 @@ private slots:
 
     void dropped_files_become_rows();
     void dropped_folder_gives_its_files_of_any_type();
+    void table_is_laid_out_behind_a_load();
     void drop_without_files_sorts_again();
     void opened_file_becomes_a_row_data();
     void opened_file_becomes_a_row();
@@ -71,6 +73,23 @@ void test_file_intake::dropped_folder_gives_its_files_of_any_type()
     road.make_photo("inner/d.jpg", {});
     drop_photos(*road.window, {road.folder->path()});
     QCOMPARE(shown_names(*road.window), QStringList({"a.jpg", "b.txt", "c"}));
+}
+
+void test_file_intake::table_is_laid_out_behind_a_load()
+{
+    const QTableView &table = *road.window->ui->tableView;
+    int photo = 0;
+    for (const int rows : {40, 90}) {
+        QStringList paths;
+        while (photo < rows)
+            paths << road.make_photo(QString("%1.jpg").arg(++photo, 3, 10, QLatin1Char('0')), {});
+        drop_photos(*road.window, paths);
+        QCOMPARE(table.verticalHeader()->count(), rows);
+        QScrollBar *bar = table.verticalScrollBar();
+        QTRY_COMPARE(bar->maximum(), rows * table.rowHeight(0) - table.viewport()->height());
+        bar->setValue(bar->maximum());
+        QCOMPARE(table.rowAt(table.viewport()->height() - 1), rows - 1);
+    }
 }
 
 void test_file_intake::drop_without_files_sorts_again()
