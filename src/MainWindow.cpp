@@ -10,6 +10,7 @@
 #include "orv/skin_fonts.h"
 #include "orv/skin_scroll_bars.h"
 #include "program_setup.h"
+#include "qor/free_memory.h"
 #include "table_data_model.h"
 #include "time_adjustment.h"
 
@@ -98,6 +99,7 @@ void MainWindow::on_button_reset_clicked()
     ui->widget_time_adjust->reset();
     exif_cache::instance()->records.clear();
     exif_cache::instance()->raw_tags.clear();
+    qor::return_free_memory();
 }
 
 void MainWindow::build_header()
