@@ -3,6 +3,8 @@
 #include "orv/application_common.h"
 
 #include <QApplication>
+#include <QFile>
+#include <QFileInfo>
 #include <QFont>
 #include <QFontDatabase>
 #include <QIcon>
@@ -49,6 +51,14 @@ void install_translator(const QString &catalogue, const QString &folder = QStrin
 }
 
 }  // namespace
+
+void name_time_zone()
+{
+    const QString zone_folder = "/usr/share/zoneinfo/";
+    const QString zone_file = QFileInfo("/etc/localtime").canonicalFilePath();
+    if (!qEnvironmentVariableIsSet("TZ") && zone_file.startsWith(zone_folder))
+        qputenv("TZ", QFile::encodeName(zone_file.mid(zone_folder.size())));
+}
 
 void set_identity()
 {

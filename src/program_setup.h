@@ -2,13 +2,20 @@
 
 class QString;
 
+/// Puts the name of the system's time zone ("Europe/Berlin") into the variable TZ, unless it stands
+/// there or the system only has the zone's rules. Without the variable the C library looks at the
+/// file of the zone for each single local time (tzset(3)), which costs ten times the rest of it;
+/// with it a change of the system's zone is seen at the next start. To be called before the first
+/// thread is started, since it changes the environment.
+void name_time_zone();
+
 /// Sets the names under which the settings are stored, and the version. Needs no application
 /// object.
 void set_identity();
 
-/// Gives the application the style in which tool tips take two seconds to show, and dark colours for
-/// what has no style sheet of its own, such as the file dialog. Needs the application object, which
-/// owns the style.
+/// Gives the application the style in which tool tips take two seconds to show, and dark colours
+/// for what has no style sheet of its own, such as the file dialog. Needs the application object,
+/// which owns the style.
 void install_style();
 
 /// Gives all windows the program's icon, and message boxes and Qt's file dialog icons of the skin's

@@ -1,4 +1,5 @@
 #include "outside_run.h"
+#include "own_variable.h"
 #include "private_home.h"
 #include "running_program.h"
 #include "scripted_tool.h"
@@ -49,6 +50,7 @@ private slots:
     void closing_the_window_ends_it_cleanly();
     void value_of_the_event_loop_is_the_exit_status();
     void sets_up_identity_and_style();
+    void names_the_time_zone_that_it_works_in();
     void takes_no_option_of_its_own_data();
     void takes_no_option_of_its_own();
     void speaks_the_systems_language_data();
@@ -112,10 +114,24 @@ void test_program::sets_up_identity_and_style()
     QCOMPARE(program.printed("version"), QStringList("2.0.2"));
     QCOMPARE(program.printed("high dpi"), QStringList("1"));
     QCOMPARE(program.printed("high dpi pictures"), QStringList("1"));
+    QCOMPARE(program.printed("OpenGL left out"), QStringList("1"));
     QCOMPARE(program.printed("icons"), QStringList("orv"));
     QCOMPARE(program.printed("sizes of the window's icon"), QStringList("7"));
     QCOMPARE(program.printed("style"), QStringList("orv::proxy_style"));
     QCOMPARE(program.printed("wake-up delay"), QStringList("2000"));
+}
+
+void test_program::names_the_time_zone_that_it_works_in()
+{
+    const own_variable zone("TZ", "Asia/Tokyo");
+    running_program program(folder->program_path(), "report;close");
+    QVERIFY(program.wait_until_ended());
+    QCOMPARE(program.printed("time zone"), QStringList("Asia/Tokyo"));
+
+    qunsetenv("TZ");
+    running_program unnamed(folder->program_path(), "report;close");
+    QVERIFY(unnamed.wait_until_ended());
+    QCOMPARE(unnamed.printed("time zone"), QStringList(zone_of_the_system()));
 }
 
 void test_program::takes_no_option_of_its_own_data()

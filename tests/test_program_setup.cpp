@@ -1,5 +1,6 @@
 #include "language_setting.h"
 #include "orv/application_common.h"
+#include "own_variable.h"
 #include "test_main.h"
 
 #include <QDir>
@@ -85,6 +86,9 @@ class test_program_setup : public QObject
 
 private slots:
     void init() { clear_settings(); }
+    void named_time_zone_is_kept_data();
+    void named_time_zone_is_kept();
+    void named_time_zone_is_that_of_the_system();
     void settings_stand_under_the_programs_name();
     void tool_tips_take_two_seconds_data();
     void tool_tips_take_two_seconds();
@@ -106,6 +110,39 @@ private slots:
     void language_of_qt_alone_leaves_the_programs_texts_english();
     void german_catalogues_are_installed();
 };
+
+void test_program_setup::named_time_zone_is_kept_data()
+{
+    QTest::addColumn<QByteArray>("zone");
+    QTest::newRow("name") << QByteArray("Asia/Tokyo");
+    QTest::newRow("file") << QByteArray(":/etc/localtime");
+    QTest::newRow("nothing, which stands for UTC") << QByteArray("");
+}
+
+void test_program_setup::named_time_zone_is_kept()
+{
+    QFETCH(QByteArray, zone);
+    const own_variable variable("TZ", zone);
+    name_time_zone();
+    QVERIFY(qEnvironmentVariableIsSet("TZ"));
+    QCOMPARE(qgetenv("TZ"), zone);
+}
+
+void test_program_setup::named_time_zone_is_that_of_the_system()
+{
+    const own_variable variable("TZ", "");
+    qunsetenv("TZ");
+    const auto offsets = [] {
+        QList<int> seconds;
+        for (int month = 1; month <= 12; ++month)
+            seconds << QDateTime(QDate(2017, month, 15), QTime(12, 0)).offsetFromUtc();
+        return seconds;
+    };
+    const QList<int> before = offsets();
+    name_time_zone();
+    QCOMPARE(qEnvironmentVariable("TZ"), zone_of_the_system());
+    QCOMPARE(offsets(), before);
+}
 
 void test_program_setup::settings_stand_under_the_programs_name()
 {

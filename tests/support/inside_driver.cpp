@@ -65,6 +65,9 @@ void print_report(const QMainWindow &window)
           QString::number(QCoreApplication::testAttribute(Qt::AA_EnableHighDpiScaling)));
     print("high dpi pictures",
           QString::number(QCoreApplication::testAttribute(Qt::AA_UseHighDpiPixmaps)));
+    print("OpenGL left out",
+          QString::number(QCoreApplication::testAttribute(Qt::AA_ForceRasterWidgets)));
+    print("time zone", qEnvironmentVariable("TZ"));
     print("icons", QIcon::themeName());
     print("sizes of the window's icon",
           QString::number(window.windowIcon().availableSizes().size()));
