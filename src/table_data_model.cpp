@@ -134,7 +134,7 @@ void table_data_model::sort(int column, Qt::SortOrder order)
 
 void table_data_model::add_file(const QString &path, bool notify)
 {
-    if (known_files.contains(path))
+    if (lists(path))
         return;
     const int row = rowCount();
     if (notify)
@@ -285,4 +285,12 @@ void table_data_model::sort_by_recording_time(Qt::SortOrder order)
         const QDateTime tb = times.of(b);
         return descending ? tb < ta : ta < tb;
     });
+}
+
+/// A search in `files` itself would take longer with each file.
+bool table_data_model::lists(const QString &path)
+{
+    if (known_files.size() != files.size())
+        known_files = QSet<QString>(files.begin(), files.end());
+    return known_files.contains(path);
 }

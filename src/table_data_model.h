@@ -93,6 +93,7 @@ private:
     QString time_text(const QDateTime &time, const QString &path, bool apply_offset) const;
     void sort_by_name(Qt::SortOrder order);
     void sort_by_recording_time(Qt::SortOrder order);
+    bool lists(const QString &path);
 
-    QSet<QString> known_files;  ///< those of `files`, which would take long to search
+    QSet<QString> known_files;  ///< what `files` held when `lists` looked last, and what came since
 };

@@ -58,6 +58,7 @@ private slots:
 
     void file_is_read_when_it_is_added();
     void added_file_is_the_last_row();
+    void list_itself_says_what_is_listed();
     void file_is_listed_once_data();
     void file_is_listed_once();
     void row_is_announced_around_the_reading();
@@ -162,6 +163,19 @@ void test_table_data_model::added_file_is_the_last_row()
     model->sort(column::name_column, Qt::AscendingOrder);
     add("/photos/b.jpg", {});
     QCOMPARE(model->files, QStringList({"/photos/a.jpg", "/photos/c.jpg", "/photos/b.jpg"}));
+}
+
+void test_table_data_model::list_itself_says_what_is_listed()
+{
+    model->files = QStringList{"/photos/a.jpg", "/photos/b.jpg"};
+    model->add_file("/photos/a.jpg", true);
+    QCOMPARE(model->rowCount(), 2);
+    model->files.clear();
+    add("/photos/a.jpg", {});
+    QCOMPARE(model->files, QStringList("/photos/a.jpg"));
+    model->clear();
+    add("/photos/a.jpg", {});
+    QCOMPARE(model->files, QStringList("/photos/a.jpg"));
 }
 
 void test_table_data_model::file_is_listed_once_data()
