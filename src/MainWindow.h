@@ -117,9 +117,9 @@ private:
     /// that an emptied table ends, never reaches the value that hides it.
     void start_progress(orv::progress_dialog *dialog, int steps);
 
-    /// Sets the value. The dialog is painted when a frame's time has passed: for each value it
-    /// would cost a good part of what the tool takes for a file.
+    /// Sets the value. The dialog is painted with the first one, the last one, and when a frame's
+    /// time has passed: for each value it would cost a good part of what the tool takes for a file.
     void step_progress(orv::progress_dialog *dialog, int value);
 
-    QElapsedTimer progress_frame;  ///< since the last painting of a progress dialog
+    QElapsedTimer progress_frame;  ///< since the last painting of a progress dialog, if any
 };

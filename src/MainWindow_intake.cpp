@@ -89,13 +89,14 @@ void MainWindow::start_progress(orv::progress_dialog *dialog, int steps)
     dialog->setRange(0, steps);
     dialog->setValue(0);
     QCoreApplication::processEvents();
-    progress_frame.start();
+    progress_frame.invalidate();
 }
 
 void MainWindow::step_progress(orv::progress_dialog *dialog, int value)
 {
-    const bool frame_is_due =
-        progress_frame.hasExpired(frame_length_ms) || value == dialog->maximum();
+    const bool frame_is_due = !progress_frame.isValid() ||
+                              progress_frame.hasExpired(frame_length_ms) ||
+                              value == dialog->maximum();
     dialog->setUpdatesEnabled(frame_is_due);
     dialog->setValue(value);
     if (frame_is_due)
