@@ -56,7 +56,8 @@ void name_time_zone()
 {
     const QString zone_folder = "/usr/share/zoneinfo/";
     const QString zone_file = QFileInfo("/etc/localtime").canonicalFilePath();
-    if (!qEnvironmentVariableIsSet("TZ") && zone_file.startsWith(zone_folder))
+    if (!qEnvironmentVariableIsSet("TZ") && !qEnvironmentVariableIsSet("TZDIR") &&
+        zone_file.startsWith(zone_folder))
         qputenv("TZ", QFile::encodeName(zone_file.mid(zone_folder.size())));
 }
 

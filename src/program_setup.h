@@ -2,11 +2,12 @@
 
 class QString;
 
-/// Puts the name of the system's time zone ("Europe/Berlin") into the variable TZ, unless it stands
-/// there or the system only has the zone's rules. Without the variable the C library looks at the
-/// file of the zone for each single local time (tzset(3)), which costs ten times the rest of it;
-/// with it a change of the system's zone is seen at the next start. To be called before the first
-/// thread is started, since it changes the environment.
+/// Puts the name of the system's time zone ("Europe/Berlin") into the variable TZ, unless the
+/// environment has a say in it already or /etc/localtime is no link to the file of a zone. Without
+/// the variable the GNU C library asks the system about that file for each single local time, which
+/// costs ten times the rest of it; with it, the program and what it starts see a change of the
+/// system's zone at the next start. To be called before the first thread is started, since it
+/// changes the environment.
 void name_time_zone();
 
 /// Sets the names under which the settings are stored, and the version. Needs no application

@@ -88,6 +88,7 @@ private slots:
     void init() { clear_settings(); }
     void named_time_zone_is_kept_data();
     void named_time_zone_is_kept();
+    void own_folder_of_zones_leaves_the_zone_unnamed();
     void named_time_zone_is_that_of_the_system();
     void settings_stand_under_the_programs_name();
     void tool_tips_take_two_seconds_data();
@@ -126,6 +127,15 @@ void test_program_setup::named_time_zone_is_kept()
     name_time_zone();
     QVERIFY(qEnvironmentVariableIsSet("TZ"));
     QCOMPARE(qgetenv("TZ"), zone);
+}
+
+void test_program_setup::own_folder_of_zones_leaves_the_zone_unnamed()
+{
+    const own_variable zone("TZ", "");
+    const own_variable folder("TZDIR", "/nowhere");
+    qunsetenv("TZ");
+    name_time_zone();
+    QVERIFY(!qEnvironmentVariableIsSet("TZ"));
 }
 
 void test_program_setup::named_time_zone_is_that_of_the_system()
