@@ -31,6 +31,7 @@ private slots:
     void cleanup();
 
     void many_files_sort_by_time();
+    void file_without_a_path_sorts_by_its_time();
     void files_sort_by_name_data();
     void files_sort_by_name();
     void names_sort_as_the_locale_does();
@@ -103,7 +104,7 @@ void test_column_sorting::many_files_sort_by_time()
 {
     constexpr int count = 400;
     constexpr int scattered = 37;
-    QMap<QString, QString> times = {{QString(), "2017:05:03 13:00:00"}};
+    QMap<QString, QString> times;
     QStringList expected;
     for (int i = 0; i < count; ++i) {
         const QString path = QString("/p/%1.jpg").arg(i * scattered % count);
@@ -111,13 +112,21 @@ void test_column_sorting::many_files_sort_by_time()
         times[path] = "2017:05:03 " + time.toString("hh:mm:ss");
         expected << path;
     }
-    expected << QString();
     use_times(times);
     model->sort(column::recording_time_column, Qt::AscendingOrder);
     QCOMPARE(model->files, expected);
     model->sort(column::recording_time_column, Qt::DescendingOrder);
     std::reverse(expected.begin(), expected.end());
     QCOMPARE(model->files, expected);
+}
+
+void test_column_sorting::file_without_a_path_sorts_by_its_time()
+{
+    use_times({{QString(), "2017:05:03 13:00:00"}, {"/p/a.jpg", "2017:05:03 12:00:00"}});
+    model->sort(column::recording_time_column, Qt::AscendingOrder);
+    QCOMPARE(model->files, QStringList({"/p/a.jpg", QString()}));
+    model->sort(column::recording_time_column, Qt::DescendingOrder);
+    QCOMPARE(model->files, QStringList({QString(), "/p/a.jpg"}));
 }
 
 void test_column_sorting::files_sort_by_name_data()
