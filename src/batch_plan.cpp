@@ -12,11 +12,12 @@
 namespace
 {
 
-const char exif_recording_tag[] = "ExifIFD:DateTimeOriginal";
-const char ifd0_recording_tag[] = "IFD0:DateTimeOriginal";
-const char iptc_date_tag[] = "IPTC:DateCreated";
-const char iptc_time_tag[] = "IPTC:TimeCreated";
-const char date_time_format[] = "yyyy:MM:dd hh:mm:ss";
+const QString exif_recording_tag = "ExifIFD:DateTimeOriginal";
+const QString ifd0_recording_tag = "IFD0:DateTimeOriginal";
+const QString iptc_date_tag = "IPTC:DateCreated";
+const QString iptc_time_tag = "IPTC:TimeCreated";
+const QString inode_date_tag = "System:FileInodeChangeDate";
+const QString date_time_format = "yyyy:MM:dd hh:mm:ss";
 constexpr int seconds_per_hour = 3600;
 
 bool has(const tag_map &tags, const QString &name)
@@ -43,8 +44,8 @@ bool is_iptc_tag(const QString &tag)
 
 bool is_file_time_tag(const QString &tag)
 {
-    static const QStringList file_time_tags = {
-        "System:FileModifyDate", "System:FileInodeChangeDate", "System:FileCreateDate"};
+    static const QStringList file_time_tags = {"System:FileModifyDate", inode_date_tag,
+                                               "System:FileCreateDate"};
     return file_time_tags.contains(tag);
 }
 
@@ -65,7 +66,8 @@ QString composed_iptc_time(const photo_tags &photo)
     const std::string zone = text(photo.record, "iptc_timezone");
     // The minutes of the zone are lost on purpose.
     const int offset_hours = to_int(zone, 0);
-    const QString reported = QString::fromStdString(text(photo.raw_tags, iptc_time_tag));
+    const QString reported =
+        QString::fromStdString(text(photo.raw_tags, iptc_time_tag.toStdString()));
     const QTime time = QTime::fromString(without_zone(reported), "hh:mm:ss");
     const QDateTime date_time = zone.empty()
                                     ? QDateTime(date, time, Qt::LocalTime)
@@ -77,24 +79,25 @@ QString composed_iptc_time(const photo_tags &photo)
 
 undo_entry entry_for(const QString &tag, const photo_tags &photo)
 {
-    if (!has(photo.raw_tags, tag))
+    const auto found = photo.raw_tags.find(tag.toStdString());
+    if (found == photo.raw_tags.end())
         return {tag, false, QString()};
     if (tag == iptc_time_tag)
         return {tag, true, composed_iptc_time(photo)};
-    return {tag, true, QString::fromStdString(text(photo.raw_tags, tag.toStdString()))};
+    return {tag, true, QString::fromStdString(found->second)};
 }
 
 }  // namespace
 
 QStringList candidate_tags(const tag_map &record)
 {
-    QStringList tags = {exif_recording_tag,      "ExifIFD:CreateDate",
-                        "IFD0:ModifyDate",       "XMP-photoshop:DateCreated",
-                        iptc_date_tag,           iptc_time_tag,
-                        "System:FileModifyDate", "System:FileInodeChangeDate",
-                        "System:FileCreateDate"};
+    static const QStringList date_tags = {
+        exif_recording_tag,          "ExifIFD:CreateDate", "IFD0:ModifyDate",
+        "XMP-photoshop:DateCreated", iptc_date_tag,        iptc_time_tag,
+        "System:FileModifyDate",     inode_date_tag,       "System:FileCreateDate"};
+    QStringList tags = date_tags;
     // The tool reports the inode's date for each file, but nothing can set it.
-    tags.removeAll("System:FileInodeChangeDate");
+    tags.removeAll(inode_date_tag);
     if (has(record, "DateTimeOriginalInIFD0")) {
         tags.removeAll(exif_recording_tag);
         tags << ifd0_recording_tag;
@@ -114,10 +117,11 @@ tag_map fix_tags(const photo_tags &photo, const QDateTime &new_time, bool alter_
     const QStringList candidates = candidate_tags(photo.record);
     for (const QString &tag : candidates) {
         const bool added = is_iptc_tag(tag) && alter_timezone;
-        if (!has(photo.raw_tags, tag) && !added)
+        const std::string name = tag.toStdString();
+        if (photo.raw_tags.count(name) == 0 && !added)
             continue;
         const bool zoned = zone_known && (is_iptc_tag(tag) || is_file_time_tag(tag));
-        values[tag.toStdString()] = (zoned ? zoned_text : plain_text).toStdString();
+        values[name] = (zoned ? zoned_text : plain_text).toStdString();
     }
     return values;
 }

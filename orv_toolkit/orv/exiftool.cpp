@@ -138,8 +138,7 @@ bool exiftool::write_tags(const QString &file, const tag_map &tags)
 {
     QString lines;
     for (const auto &[name, value] : tags)
-        lines +=
-            QString("-%1=%2\n").arg(QString::fromStdString(name), QString::fromStdString(value));
+        lines += "-" + QString::fromStdString(name) + "=" + QString::fromStdString(value) + "\n";
     return execute_write(file, lines);
 }
 
