@@ -5,12 +5,7 @@
 
 int main(int argc, char **argv)
 {
-    name_time_zone();
-    set_identity();
-    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling, true);
-    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps, true);
-    // Nothing here is drawn with OpenGL; its drivers would double the memory.
-    QCoreApplication::setAttribute(Qt::AA_ForceRasterWidgets, true);
+    prepare_application();
     orv::application<MainWindow> application(argc, argv);
     install_style();
     install_icons();

@@ -69,6 +69,16 @@ void set_identity()
     QCoreApplication::setApplicationVersion("2.0.2");
 }
 
+void prepare_application()
+{
+    name_time_zone();
+    set_identity();
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling, true);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps, true);
+    // Nothing here is drawn with OpenGL; its drivers would double the memory.
+    QCoreApplication::setAttribute(Qt::AA_ForceRasterWidgets, true);
+}
+
 void install_style()
 {
     auto *style = new orv::proxy_style(nullptr);

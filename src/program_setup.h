@@ -14,6 +14,9 @@ void name_time_zone();
 /// object.
 void set_identity();
 
+/// What goes ahead of the application object: the time zone, the names, and how Qt is to draw.
+void prepare_application();
+
 /// Gives the application the style in which tool tips take two seconds to show, and dark colours
 /// for what has no style sheet of its own, such as the file dialog. Needs the application object,
 /// which owns the style.
