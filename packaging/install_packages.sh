@@ -6,6 +6,7 @@
 #   test         what its tests and the virtual display take besides
 #   screenshots  what taking the pictures of its screens takes besides the first
 #   coverage     what counting the lines that the tests run takes besides both
+#   bench        what measuring its speed and memory takes besides the first
 #   artwork      what rendering its pictures from their sources takes
 set -eu
 
@@ -14,6 +15,7 @@ build_packages="cmake g++ ninja-build qtbase5-dev qttools5-dev qttools5-dev-tool
 test_packages="git libxml2-utils tzdata w3c-sgml-lib xauth xvfb"
 screenshot_packages="imagemagick openbox procps x11-utils xauth xdotool xvfb"
 coverage_packages="gcovr"
+bench_packages="libbenchmark-dev xauth xvfb"
 artwork_packages="fonts-freefont-ttf librsvg2-bin"
 
 is_installed() {
@@ -27,6 +29,7 @@ for set in "$@"; do
     test) packages=$test_packages ;;
     screenshots) packages=$screenshot_packages ;;
     coverage) packages=$coverage_packages ;;
+    bench) packages=$bench_packages ;;
     artwork) packages=$artwork_packages ;;
     *)
         echo "unknown set of packages: $set" >&2

@@ -1,0 +1,13 @@
+// An empty window of the program's size: what a start costs with these libraries at the least.
+
+#include <QApplication>
+#include <QWidget>
+
+int main(int argc, char **argv)
+{
+    QApplication application(argc, argv);
+    QWidget window;
+    window.resize(800, 700);
+    window.show();
+    return QApplication::exec();
+}
