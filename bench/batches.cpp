@@ -26,7 +26,7 @@
 namespace
 {
 
-constexpr int block_size = 5;
+constexpr int block_size = 10;
 
 QStringList photos_in(const QString &folder)
 {

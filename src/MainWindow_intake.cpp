@@ -21,7 +21,7 @@ namespace
 
 constexpr char last_load_path_key[] = "last_load_path";
 constexpr int repaint_limit_ms = 50;
-constexpr int frame_length_ms = 100;
+constexpr int frame_length_ms = 200;
 
 /// The patterns of all the files that the metadata tool opens, a blank behind each.
 QString supported_patterns()

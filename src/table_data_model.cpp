@@ -4,6 +4,7 @@
 #include "orv/skin_fonts.h"
 
 #include <QFileInfo>
+#include <QHash>
 #include <QSize>
 
 #include <algorithm>
@@ -33,35 +34,6 @@ int number(const tag_map &record, const char *key)
     const auto found = record.find(key);
     return found == record.end() ? 0 : to_int(found->second, 0);
 }
-
-/// The recording times of the two paths that were asked for last. A sort compares one path with
-/// many in a row.
-class recent_times
-{
-public:
-    explicit recent_times(const table_data_model &model) : model(model) {}
-
-    QDateTime of(const QString &path)
-    {
-        if (!latest.is_of(path))
-            std::swap(latest, earlier);
-        if (!latest.is_of(path))
-            latest = {path, model.recording_time(path)};
-        return latest.time;
-    }
-
-private:
-    struct dated_path {
-        QString path;
-        QDateTime time;
-
-        bool is_of(const QString &other) const { return !path.isNull() && path == other; }
-    };
-
-    const table_data_model &model;
-    dated_path latest;
-    dated_path earlier;
-};
 
 }  // namespace
 
@@ -276,15 +248,24 @@ void table_data_model::sort_by_name(Qt::SortOrder order)
     });
 }
 
+/// A path is compared with many others; its time is worked out when it is first compared, and kept
+/// to the end of the sort.
 void table_data_model::sort_by_recording_time(Qt::SortOrder order)
 {
     const bool descending = order == Qt::DescendingOrder;
-    recent_times times(*this);
-    std::sort(files.begin(), files.end(), [&times, descending](const QString &a, const QString &b) {
-        const QDateTime ta = times.of(a);
-        const QDateTime tb = times.of(b);
-        return descending ? tb < ta : ta < tb;
-    });
+    QHash<QString, QDateTime> compared_times;
+    const auto time_of = [this, &compared_times](const QString &path) -> QDateTime {
+        const auto compared = compared_times.constFind(path);
+        if (compared != compared_times.constEnd())
+            return *compared;
+        return *compared_times.insert(path, recording_time(path));
+    };
+    std::sort(files.begin(), files.end(),
+              [&time_of, descending](const QString &a, const QString &b) {
+                  const QDateTime ta = time_of(a);
+                  const QDateTime tb = time_of(b);
+                  return descending ? tb < ta : ta < tb;
+              });
 }
 
 /// A search in `files` itself would take longer with each file.
