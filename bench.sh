@@ -158,7 +158,7 @@ measure_program() {
     while [ "$run" -lt "$runs" ]; do
         run=$((run + 1))
         say "rows and starts, run $run of $runs"
-        measure few_ "$bench/rows.run/rows" "$few_rows"
+        measure few_ "$bench/rows.run/rows" "$few_rows" $((many_rows / few_rows))
         measure many_ "$bench/rows.run/rows" "$many_rows" all
         measure empty_ "$bench/start" "$bench/plugins" "$bench/empty_window" 5
         measure plain_ env QT_XCB_GL_INTEGRATION=none \

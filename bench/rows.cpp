@@ -1,7 +1,7 @@
 // What many photos cost in the real window; the metadata tool beside this program answers at once.
 //
-// usage: rows COUNT        the load alone
-//        rows COUNT all    also typing, sorting, idling and memory
+// usage: rows COUNT TIMES   the load alone, several times
+//        rows COUNT all     once, and typing, sorting, idling and memory
 
 #include "exif_cache.h"
 #include "main_window_form.h"
@@ -106,7 +106,7 @@ double idle_ms_per_s()
     return (own_cpu_ms() - before) * 1000.0 / idle_ms;
 }
 
-void load(MainWindow &window, int count)
+double load_ms(MainWindow &window, int count)
 {
     const QStringList paths = paths_of(count);
     const double start = now_ms();
@@ -114,7 +114,18 @@ void load(MainWindow &window, int count)
     const double end = now_ms();
     if (!all_have_times(*window.model, count))
         give_up("not every photo has a row with its time");
-    report("load_ms", (end - start) / count);
+    return (end - start) / count;
+}
+
+/// The mean of several loads, each into an empty list.
+double mean_load_ms(MainWindow &window, int count, int times)
+{
+    double sum = 0.0;
+    for (int i = 0; i < times; ++i) {
+        sum += load_ms(window, count);
+        window.on_button_reset_clicked();
+    }
+    return sum / times;
 }
 
 /// What happens once in a process: the tool starts, the progress dialog is made.
@@ -129,7 +140,7 @@ void warm_up(MainWindow &window)
 void measure_all(MainWindow &window, int count)
 {
     const double before = resident_bytes();
-    load(window, count);
+    report("load_ms", load_ms(window, count));
     serve_events_for(500);
     const double loaded = resident_bytes();
     report("photo_kb", (loaded - before) / count / kilobyte);
@@ -153,11 +164,12 @@ int main(int argc, char **argv)
     program_window program(argc, argv);
     const QStringList arguments = program.application.arguments();
     const int count = arguments.value(1).toInt();
-    if (count < 1)
-        give_up("usage: rows COUNT [all]");
+    const int times = arguments.value(2).toInt();
+    if (count < 1 || (times < 1 && arguments.value(2) != "all"))
+        give_up("usage: rows COUNT TIMES|all");
     warm_up(*program.window);
-    if (arguments.value(2) == "all")
+    if (times < 1)
         measure_all(*program.window, count);
     else
-        load(*program.window, count);
+        report("load_ms", mean_load_ms(*program.window, count, times));
 }
