@@ -14,7 +14,7 @@ namespace
 {
 
 constexpr int quality = 90;
-constexpr double bytes_per_pixel = 1.19;  ///< of grey noise at this quality
+constexpr double bytes_per_pixel = 0.795;  ///< of grey noise at this quality
 
 QImage noise(int side_px)
 {
