@@ -1,4 +1,6 @@
 #!/bin/sh
+# SPDX-License-Identifier: GPL-3.0-or-later
+#
 # Measures the speed and the memory of Kelvra. Installs missing Debian packages first, and says
 # which.
 #
@@ -32,7 +34,7 @@ is_count() {
 }
 
 if [ $# -gt 2 ] || ! is_count "$photos" || ! is_count "$runs"; then
-    sed -n '2,/^set/s/^# \{0,1\}//p' bench.sh >&2
+    sed -n '4,/^set/s/^# \{0,1\}//p' bench.sh >&2
     exit 2
 fi
 

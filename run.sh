@@ -1,4 +1,6 @@
 #!/bin/sh
+# SPDX-License-Identifier: GPL-3.0-or-later
+#
 # Builds Kelvra and starts it. Installs missing Debian packages first, and says which.
 #
 # usage: ./run.sh         the program; without a display the demonstration
@@ -39,7 +41,7 @@ demo)
         env LC_ALL=C.UTF-8 build/release/tests/demo/kelvra_demo build/demo
     ;;
 *)
-    sed -n '2,/^set/s/^# \{0,1\}//p' "$0" >&2
+    sed -n '4,/^set/s/^# \{0,1\}//p' "$0" >&2
     exit 2
     ;;
 esac

@@ -1,4 +1,6 @@
 #!/bin/sh
+# SPDX-License-Identifier: GPL-3.0-or-later
+#
 # Builds Kelvra and runs its tests. Installs missing Debian packages first, and says which.
 #
 # usage: ./test.sh           the tests
@@ -14,7 +16,7 @@ case $tests in
 release | asan | coverage) preset=$tests ;;
 soak) preset=release ;;
 *)
-    sed -n '2,/^set/s/^# \{0,1\}//p' "$0" >&2
+    sed -n '4,/^set/s/^# \{0,1\}//p' "$0" >&2
     exit 2
     ;;
 esac

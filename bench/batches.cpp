@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
 // Loads the photos of a folder in the real window and fixes them, with the real metadata tool.
 //
 // usage: batches FOLDER

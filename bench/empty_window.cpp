@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
 // An empty window of the program's size: what a start costs with these libraries at the least.
 
 #include <QApplication>

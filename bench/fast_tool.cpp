@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
 // Stands in for the metadata tool where its own time would hide the program's: answers each request
 // at once, a read with 150 tags as a camera writes them. The recording times of successive reads
 // are spread over two weeks and in no order.

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
 // A plugin that says on file descriptor 3 when the first window of a program has been painted. Qt
 // loads it where QT_QPA_GENERIC_PLUGINS names it and QT_PLUGIN_PATH leads to it.
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
 // Makes a JPEG file of about a given size; its picture is noise.
 //
 // usage: make_photo FILE KILOBYTES

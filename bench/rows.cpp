@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
 // What many photos cost in the real window; the metadata tool beside this program answers at once.
 //
 // usage: rows COUNT TIMES   the load alone, several times

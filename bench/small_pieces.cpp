@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
 // The small pieces behind a load, a preview, a sort and a fix, each by itself.
 
 #include "batch_plan.h"

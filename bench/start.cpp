@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
 // From the start of a program to its first painted window, and what it takes while it then idles.
 //
 // usage: start PLUGINS PROGRAM [IDLE_SECONDS]

@@ -1,4 +1,6 @@
 #!/usr/bin/perl
+# SPDX-License-Identifier: GPL-3.0-or-later
+#
 # Makes the table of medians from the samples of bench.sh. The status is 1 if a target is missed, 2 if
 # a figure is.
 #

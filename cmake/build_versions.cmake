@@ -1,3 +1,5 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+#
 # Writes the header with the versions of the program and of its source trees, where they changed.
 #
 # usage: cmake -D source_folder=FOLDER -D project_version=1.2.3 -D header=FILE

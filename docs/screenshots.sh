@@ -1,4 +1,6 @@
 #!/bin/sh
+# SPDX-License-Identifier: GPL-3.0-or-later
+#
 # Takes a picture of each screen of the real program, under a virtual display with a window manager,
 # in both languages and at the scale factors 1 and 2. Installs missing Debian packages first, and
 # builds the program.

@@ -1,4 +1,6 @@
 #!/bin/sh
+# SPDX-License-Identifier: GPL-3.0-or-later
+#
 # Installs the Debian packages that are missing, and says which.
 #
 # usage: packaging/install_packages.sh SET...

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "table_data_model.h"
 
 #include "exif_cache.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "time_offset.h"
 
 QDateTime shifted_time(const QDateTime &time, const time_offset &offset)

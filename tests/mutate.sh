@@ -1,4 +1,6 @@
 #!/bin/bash
+# SPDX-License-Identifier: GPL-3.0-or-later
+#
 # Measures how strong the tests are: changes one small thing at a time in the sources that hold the
 # rules, and counts how many of these mutants the tests notice.
 #

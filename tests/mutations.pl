@@ -1,4 +1,6 @@
 #!/usr/bin/perl
+# SPDX-License-Identifier: GPL-3.0-or-later
+#
 # Small changes to a C++ source: one operator, constant, text or condition each.
 #
 # usage: mutations.pl pick SEED FILE          the numbers of all its changes, in an order of the seed

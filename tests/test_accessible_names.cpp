@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "dialog_settings.h"
 #include "german_catalogues.h"
 #include "orv/clickable_label.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
 // Which places the application object puts on the stack, and when: this program has a trace_scope
 // of its own, which the linker takes before the library's, and which keeps a log.
 

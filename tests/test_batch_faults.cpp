@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "fault_road.h"
 #include "own_rights.h"
 #include "own_volume.h"

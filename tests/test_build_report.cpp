@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "bracketed_texts.h"
 #include "git_folder.h"
 #include "program_setup.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "orv/button_dark.h"
 #include "outside_run.h"
 #include "test_main.h"

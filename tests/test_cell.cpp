@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "qor/qt/cell.h"
 #include "qor/qt/layout.h"
 #include "test_main.h"

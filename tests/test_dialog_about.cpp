@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "bracketed_texts.h"
 #include "german_catalogues.h"
 #include "grid_place.h"

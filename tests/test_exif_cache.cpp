@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "exif_cache.h"
 #include "outside_run.h"
 #include "scripted_tool.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "hanging_session.h"
 #include "outside_run.h"
 #include "sample_photos.h"

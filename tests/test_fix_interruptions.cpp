@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "opened_urls.h"
 #include "orv/dialog_about.h"
 #include "pick_languages.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "modal_watch.h"
 #include "opened_urls.h"
 #include "pick_languages.h"

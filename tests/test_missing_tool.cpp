@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "captured_errors.h"
 #include "captured_output.h"
 #include "exif_cache.h"

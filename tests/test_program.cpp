@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "outside_run.h"
 #include "own_variable.h"
 #include "private_home.h"

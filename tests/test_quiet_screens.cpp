@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "captured_errors.h"
 #include "message_collector.h"
 #include "orv/button.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "exif_cache.h"
 #include "qor/stacktrace.h"
 #include "random_trial.h"

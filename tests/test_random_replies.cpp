@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "orv/tag_reply.h"
 #include "random_trial.h"
 #include "test_main.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "random_trial.h"
 #include "test_main.h"
 #include "to_int.h"

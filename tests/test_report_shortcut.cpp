@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "german_catalogues.h"
 #include "loop_with.h"
 #include "modal_watch.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "orv/checkbox.h"
 #include "orv/clickable_label.h"
 #include "orv/combobox.h"

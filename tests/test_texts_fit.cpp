@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "datetime_format.h"
 #include "datetime_format_form.h"
 #include "orv/radio.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "grid_place.h"
 #include "orv/lineedit.h"
 #include "test_main.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "orv/build_components.h"
 
 #include "orv/build_versions.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "orv/build_report.h"
 
 #include "orv/message_box.h"

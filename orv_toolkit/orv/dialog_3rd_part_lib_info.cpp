@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "orv/dialog_3rd_part_lib_info.h"
 
 #include "qor/qt/properties.h"

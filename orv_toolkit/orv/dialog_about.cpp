@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "orv/dialog_about.h"
 
 #include "orv/build_report.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "qor/qt/properties.h"
 
 #include "qor/qt/cell.h"

@@ -1,4 +1,6 @@
 #!/bin/sh
+# SPDX-License-Identifier: GPL-3.0-or-later
+#
 # Renders the SVG sources below this folder into PNG files in the folder above:
 #
 #   images/, gui/   NAME.png at the pixel size that the source states, and NAME@2x.png at twice that,

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
 // The demonstration: takes three photos of its own through the real main window, load, preview,
 // fix, load again and undo, and looks at the files after each step by an ExifTool of its own.
 //

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
 // Dies in the way that its argument names, so that a test can read the report from outside.
 //
 // usage: crash_probe signal NUMBER [FRAMES] | exception [FRAMES] | assertion [FRAMES] | uncaught |

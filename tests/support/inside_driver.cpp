@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
 // Stands in for the user of a program that runs outside of the test: Qt loads this as a generic
 // plugin into the program itself (QT_QPA_GENERIC_PLUGINS), so the program stays as it is.
 //

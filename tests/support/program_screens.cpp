@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "program_screens.h"
 
 #include "dialog_settings.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
 // A scripted stand-in for the metadata tool. It records every byte that it receives and answers as
 // the files in the folder named by KELVRA_STAND_IN tell it; see scripted_tool.h for these files.
 

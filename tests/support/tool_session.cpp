@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
 // Runs requests of the metadata tool as its arguments say, in a process of its own: what the
 // program writes to its standard streams, and how it ends, is seen from outside.
 //

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #pragma once
 
 /// Whether Unicode counts this UTF-16 unit as white space: the list of the property White_Space in
