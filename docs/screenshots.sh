@@ -14,6 +14,7 @@ set -eu
 
 script=$(realpath "$0")
 tree=$(dirname "$(dirname "$script")")
+. "$tree/tests/support/drive_window.sh"
 
 holiday_photos="IMG_2041 IMG_2042 IMG_2043 IMG_2044 IMG_2045 IMG_2046
     P1080317 P1080318 P1080319 P1080320 P1080321"
@@ -49,78 +50,12 @@ make_photos() {
     done
 }
 
-# --- Windows ----------------------------------------------------------------------------------
-
-wait_until() {
-    tries=200
-    until "$@"; do
-        tries=$((tries - 1))
-        if [ "$tries" -eq 0 ]; then
-            echo "waited in vain for: $*; see $folder/waited_in_vain.png" >&2
-            import -window root "$folder/waited_in_vain.png"
-            exit 1
-        fi
-        sleep 0.05
-    done
-}
-
-active_window() {
-    xdotool getactivewindow 2>/dev/null
-}
-
-is_active() {
-    [ "$(active_window)" = "$1" ]
-}
-
-is_another_active() {
-    window=$(active_window) && [ "$window" != "$1" ]
-}
-
-# Puts the window that came up over the window $1 into `dialog`, once it had time to be painted.
-find_dialog_over() {
-    wait_until is_another_active "$1"
-    sleep 0.4
-    dialog=$(active_window)
-}
-
-close_dialog_over() {
-    xdotool key Escape
-    wait_until is_active "$1"
-    sleep 0.3
-}
-
-# The number behind the word $2 in what the display says about the window $1.
-window_info() {
-    xwininfo -id "$1" | sed -n "s/^ *$2: *//p"
-}
-
-# Moves the mouse to the point $2, $3 of the window $1, in the program's own pixels; negative ones
-# are counted from the right and from the bottom.
-point_at() {
-    x=$(($2 * scale))
-    y=$(($3 * scale))
-    [ "$x" -ge 0 ] || x=$(($(window_info "$1" Width) + x))
-    [ "$y" -ge 0 ] || y=$(($(window_info "$1" Height) + y))
-    xdotool mousemove --window "$1" "$x" "$y"
-    sleep 0.3
-}
-
-click() {
-    point_at "$@"
-    xdotool click 1
-}
-
-move_mouse_away() {
-    xdotool mousemove 0 0
-    sleep 0.3
-}
-
-resize_main() {
-    xdotool windowsize --sync "$main" $(($1 * scale)) $(($2 * scale))
-    sleep 0.5
-}
-
 # --- Pictures ---------------------------------------------------------------------------------
+
+picture_of_failure() {
+    import -window root "$folder/waited_in_vain.png"
+    echo "see $folder/waited_in_vain.png" >&2
+}
 
 # The window $2, as $1.
 take() {
@@ -143,36 +78,6 @@ take_with_popups() {
 }
 
 # --- Screens ----------------------------------------------------------------------------------
-
-click_settings() { click "$main" 22 15; }
-click_about() { click "$main" -50 15; }
-click_load() { click "$main" 137 139; }
-point_at_fix() { point_at "$main" 360 63; }
-click_year_field() { click "$main" 340 145; }
-
-# Brings up the file dialog and types the names of all photos in the folder $1.
-select_photos() {
-    click_load
-    find_dialog_over "$main"
-    xdotool type --delay 5 "$1"
-    xdotool key Return
-    sleep 0.5
-    xdotool type --delay 5 "$(cd "$1" && printf '"%s" ' *.JPG)"
-    sleep 0.3
-}
-
-# Types a shift from the year field on; "Tab" goes to the next field.
-type_shift() {
-    click_year_field
-    xdotool key ctrl+a
-    for word in "$@"; do
-        case $word in
-        Tab) xdotool key Tab ;;
-        *) xdotool type -- "$word" ;;
-        esac
-    done
-    sleep 0.3
-}
 
 shoot_empty_window() {
     # A key has the caret shown at once.
@@ -280,28 +185,13 @@ shoot_progress() {
 
 # --- Runs -------------------------------------------------------------------------------------
 
-# Without frames, so that a list that reaches out of its dialog has nothing foreign around it.
-start_window_manager() {
-    mkdir -p "$HOME/.config/openbox"
-    cat >"$HOME/.config/openbox/rc.xml" <<'END'
-<openbox_config xmlns="http://openbox.org/3.4/rc">
-  <keyboard><keybind key="A-F4"><action name="Close"/></keybind></keyboard>
-  <applications><application class="*"><decor>no</decor></application></applications>
-</openbox_config>
-END
-    openbox 2>/dev/null &
-}
-
 start_program() {
     mkdir -p "$HOME/.config/Vorrin"
     printf '[General]\nlang=%s\n' "$language" >"$HOME/.config/Vorrin/Kelvra.conf"
     QT_SCALE_FACTOR=$scale "$tree/build/release/bin/kelvra" \
         >"$scratch/stdout.txt" 2>"$scratch/stderr.txt" &
     program=$!
-    main=$(xdotool search --sync --onlyvisible --name '^Kelvra$' | tail -n 1)
-    wait_until is_active "$main"
-    xdotool windowmove --sync "$main" 40 40
-    sleep 0.5
+    find_main_window
 }
 
 # The window manager closes the window, so that the program ends by itself.

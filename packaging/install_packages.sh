@@ -9,6 +9,9 @@
 #   screenshots  what taking the pictures of its screens takes besides the first
 #   coverage     what counting the lines that the tests run takes besides both
 #   bench        what measuring its speed and memory takes besides the first
+#   package      what making the Debian package takes besides the first
+#   check_package  what checking that takes besides these
+#   roots        what trying things in a fresh root of Debian takes
 #   artwork      what rendering its pictures from their sources takes
 set -eu
 
@@ -18,6 +21,9 @@ test_packages="git libxml2-utils tzdata w3c-sgml-lib xauth xvfb"
 screenshot_packages="imagemagick openbox procps x11-utils xauth xdotool xvfb"
 coverage_packages="gcovr"
 bench_packages="libbenchmark-dev xauth xvfb"
+package_packages="dpkg-dev fakeroot file git"
+check_package_packages="lintian"
+root_packages="debootstrap git mount util-linux"
 artwork_packages="fonts-freefont-ttf librsvg2-bin"
 
 is_installed() {
@@ -32,6 +38,9 @@ for set in "$@"; do
     screenshots) packages=$screenshot_packages ;;
     coverage) packages=$coverage_packages ;;
     bench) packages=$bench_packages ;;
+    package) packages=$package_packages ;;
+    check_package) packages=$check_package_packages ;;
+    roots) packages=$root_packages ;;
     artwork) packages=$artwork_packages ;;
     *)
         echo "unknown set of packages: $set" >&2

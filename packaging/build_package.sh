@@ -1,0 +1,38 @@
+#!/bin/sh
+# SPDX-License-Identifier: GPL-3.0-or-later
+#
+# Builds the Debian package and the source archive of the last commit in build/package/. Installs
+# missing Debian packages first, and says which.
+#
+# usage: packaging/build_package.sh
+#
+# The same commit gives the same bytes, wherever and whenever it is built.
+set -eu
+cd "$(dirname "$0")/.."
+
+packaging/install_packages.sh build package
+
+# All times in the packages are that of the commit.
+SOURCE_DATE_EPOCH=$(git log -1 --format=%ct)
+export SOURCE_DATE_EPOCH
+umask 022
+
+# The compiler is told what Debian's own packages are built with; the flags also take the path of
+# this folder out of what it writes.
+export DEB_BUILD_MAINT_OPTIONS=hardening=+all
+flags_of() {
+    dpkg-buildflags --get "$1"
+}
+CXXFLAGS="$(flags_of CPPFLAGS) $(flags_of CXXFLAGS)"
+LDFLAGS=$(flags_of LDFLAGS)
+export CXXFLAGS LDFLAGS
+
+rm -rf build/package
+cmake --preset package
+cmake --build --preset package
+cpack --config build/package/CPackConfig.cmake -B build/package
+
+version=$(sed -n 's/^set(CPACK_PACKAGE_VERSION "\(.*\)")/\1/p' build/package/CPackConfig.cmake)
+git archive --format=tar.gz --prefix="kelvra-$version/" \
+    --output="build/package/kelvra-$version.tar.gz" HEAD
+ls -l build/package/*.deb build/package/*.tar.gz

@@ -1,0 +1,58 @@
+#!/bin/sh
+# SPDX-License-Identifier: GPL-3.0-or-later
+#
+# Tries ./run.sh and ./test.sh on machines that have nothing but git: in two roots of Debian 12, in
+# one as root, in the other as a normal user with sudo. Takes the last commit of the tree. Installs
+# missing Debian packages first, and says which.
+#
+# usage: packaging/check_fresh_machine.sh [root | user]
+#
+# Is run by root, and takes about half an hour. Ends with the first thing that fails.
+set -eu
+cd "$(dirname "$0")/.."
+. packaging/fresh_root.sh
+
+need_root_user
+packaging/install_packages.sh roots
+
+scratch=$(mktemp --directory)
+clean_up() {
+    remove_root "$scratch/root"
+    remove_root "$scratch/user"
+    rm -rf "$scratch"
+}
+trap clean_up EXIT
+trap 'exit 1' INT TERM
+
+# What a new user types, in the folder of the clone. Without a display ./run.sh runs the
+# demonstration.
+first_steps="./run.sh && ./test.sh"
+
+try_as_root() {
+    make_fresh_root "$scratch/root" git
+    git clone --quiet --no-hardlinks . "$scratch/root/root/kelvra"
+    run_in_root "$scratch/root" chown --recursive root: /root/kelvra
+    run_in_root "$scratch/root" sh -c "cd /root/kelvra && $first_steps"
+}
+
+try_as_user() {
+    make_fresh_root "$scratch/user" git,sudo
+    run_in_root "$scratch/user" useradd --create-home anna
+    echo "anna ALL=(ALL) NOPASSWD: ALL" >"$scratch/user/etc/sudoers.d/anna"
+    git clone --quiet --no-hardlinks . "$scratch/user/home/anna/kelvra"
+    run_in_root "$scratch/user" chown --recursive anna: /home/anna/kelvra
+    run_in_root_as "$scratch/user" anna sh -c "cd kelvra && $first_steps"
+}
+
+case ${1:-both} in
+root) try_as_root ;;
+user) try_as_user ;;
+both)
+    try_as_root
+    try_as_user
+    ;;
+*)
+    sed -n '4,/^set/s/^# \{0,1\}//p' "$0" >&2
+    exit 2
+    ;;
+esac

@@ -1,0 +1,57 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+# shellcheck shell=sh
+#
+# Debian 12 in a folder of its own, for the scripts that try things on a fresh machine. They are run
+# by root. Sourced, not run.
+
+debian_mirror=${DEBIAN_MIRROR:-http://deb.debian.org/debian}
+security_mirror=${DEBIAN_SECURITY_MIRROR:-http://deb.debian.org/debian-security}
+
+# Makes the folder $1 a root with the least of packages, and the packages $2 (with commas between).
+make_fresh_root() {
+    debootstrap --variant=minbase --include="$2" bookworm "$1" "$debian_mirror"
+    cat >"$1/etc/apt/sources.list" <<END
+deb $debian_mirror bookworm main
+deb $debian_mirror bookworm-updates main
+deb $security_mirror bookworm-security main
+END
+    cp /etc/resolv.conf "$1/etc/resolv.conf"
+    mount -t proc proc "$1/proc"
+}
+
+# Runs the command $2... in the root $1, with nothing of this machine's environment.
+run_in_root() {
+    root=$1
+    shift
+    chroot "$root" /usr/bin/env -i HOME=/root LC_ALL=C.UTF-8 DEBIAN_FRONTEND=noninteractive \
+        PATH=/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin "$@"
+}
+
+# The same as the user $2, in whose home the command begins.
+run_in_root_as() {
+    root=$1
+    user=$2
+    shift 2
+    run_in_root "$root" runuser --user "$user" -- \
+        env --chdir="/home/$user" "HOME=/home/$user" "$@"
+}
+
+# Removes the root $1, with what still runs in it.
+remove_root() {
+    for process in /proc/[0-9]*; do
+        case $(readlink "$process/root") in
+        "$1" | "$1"/*) kill -9 "${process#/proc/}" 2>/dev/null || true ;;
+        esac
+    done
+    if mountpoint --quiet "$1/proc"; then
+        umount --lazy "$1/proc"
+    fi
+    rm -rf --one-file-system "$1"
+}
+
+need_root_user() {
+    if [ "$(id -u)" -ne 0 ]; then
+        echo "This needs root, for debootstrap and chroot." >&2
+        exit 2
+    fi
+}

@@ -1,0 +1,17 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+
+# Links the metadata tool into the installed program's folder, under the name that it is started by:
+# with a relative path where both lie below the prefix, as in a package of the system.
+#
+# Runs in an installation, with `exiftool_program` and `private_folder` set.
+
+set(target "${exiftool_program}")
+cmake_path(IS_PREFIX CMAKE_INSTALL_PREFIX "${exiftool_program}" tool_is_near)
+if(tool_is_near)
+    cmake_path(RELATIVE_PATH target BASE_DIRECTORY "${CMAKE_INSTALL_PREFIX}/${private_folder}")
+endif()
+
+set(link "$ENV{DESTDIR}${CMAKE_INSTALL_PREFIX}/${private_folder}/exiftool.exe")
+message(STATUS "Linking: ${link} -> ${target}")
+file(CREATE_LINK "${target}" "${link}" SYMBOLIC)
+list(APPEND CMAKE_INSTALL_MANIFEST_FILES "${CMAKE_INSTALL_PREFIX}/${private_folder}/exiftool.exe")

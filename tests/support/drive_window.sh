@@ -1,0 +1,127 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+# shellcheck shell=sh disable=SC2034,SC2154  # some variables belong to the scripts that source this
+#
+# Drives the program's window with keys and the mouse, on an X display with a window manager. Sourced
+# by scripts, not run. They set `scale`, the pixels of the display for one of the program's, and have
+# picture_of_failure, which is called when something was waited for in vain.
+
+# Without frames, so that a list that reaches out of its dialog has nothing foreign around it.
+start_window_manager() {
+    mkdir -p "$HOME/.config/openbox"
+    cat >"$HOME/.config/openbox/rc.xml" <<'END'
+<openbox_config xmlns="http://openbox.org/3.4/rc">
+  <keyboard><keybind key="A-F4"><action name="Close"/></keybind></keyboard>
+  <applications><application class="*"><decor>no</decor></application></applications>
+</openbox_config>
+END
+    openbox 2>/dev/null &
+}
+
+# Waits ten seconds for the command $@ to succeed.
+wait_until() {
+    tries=200
+    until "$@"; do
+        tries=$((tries - 1))
+        if [ "$tries" -eq 0 ]; then
+            echo "waited in vain for: $*" >&2
+            picture_of_failure
+            exit 1
+        fi
+        sleep 0.05
+    done
+}
+
+active_window() {
+    xdotool getactivewindow 2>/dev/null
+}
+
+is_active() {
+    [ "$(active_window)" = "$1" ]
+}
+
+is_another_active() {
+    window=$(active_window) && [ "$window" != "$1" ]
+}
+
+# Puts the program's window into `main`, once it has come up, and moves it to a fixed place.
+find_main_window() {
+    main=$(xdotool search --sync --onlyvisible --name '^Kelvra$' | tail -n 1)
+    wait_until is_active "$main"
+    xdotool windowmove --sync "$main" 40 40
+    sleep 0.5
+}
+
+# Puts the window that came up over the window $1 into `dialog`, once it had time to be painted.
+find_dialog_over() {
+    wait_until is_another_active "$1"
+    sleep 0.4
+    dialog=$(active_window)
+}
+
+close_dialog_over() {
+    xdotool key Escape
+    wait_until is_active "$1"
+    sleep 0.3
+}
+
+# The number behind the word $2 in what the display says about the window $1.
+window_info() {
+    xwininfo -id "$1" | sed -n "s/^ *$2: *//p"
+}
+
+# Moves the mouse to the point $2, $3 of the window $1, in the program's own pixels; negative ones
+# are counted from the right and from the bottom.
+point_at() {
+    x=$(($2 * scale))
+    y=$(($3 * scale))
+    [ "$x" -ge 0 ] || x=$(($(window_info "$1" Width) + x))
+    [ "$y" -ge 0 ] || y=$(($(window_info "$1" Height) + y))
+    xdotool mousemove --window "$1" "$x" "$y"
+    sleep 0.3
+}
+
+click() {
+    point_at "$@"
+    xdotool click 1
+}
+
+move_mouse_away() {
+    xdotool mousemove 0 0
+    sleep 0.3
+}
+
+resize_main() {
+    xdotool windowsize --sync "$main" $(($1 * scale)) $(($2 * scale))
+    sleep 0.5
+}
+
+click_settings() { click "$main" 22 15; }
+click_about() { click "$main" -50 15; }
+click_load() { click "$main" 137 139; }
+click_undo() { click "$main" 447 63; }
+point_at_fix() { point_at "$main" 360 63; }
+click_year_field() { click "$main" 340 145; }
+
+# Brings up the file dialog and types the names of all photos in the folder $1.
+select_photos() {
+    click_load
+    find_dialog_over "$main"
+    xdotool type --delay 5 "$1"
+    xdotool key Return
+    sleep 0.5
+    xdotool type --delay 5 "$(cd "$1" && printf '"%s" ' *.JPG)"
+    sleep 0.3
+}
+
+# Types a shift from the year field on; "Tab" goes to the next field.
+type_shift() {
+    click_year_field
+    xdotool key ctrl+a
+    for word in "$@"; do
+        case $word in
+        Tab) xdotool key Tab ;;
+        *) xdotool type -- "$word" ;;
+        esac
+    done
+    sleep 0.3
+}

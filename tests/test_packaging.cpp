@@ -1,0 +1,186 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "orv/tag_catalogue.h"
+#include "test_main.h"
+
+#include <QDirIterator>
+#include <QMimeDatabase>
+#include <QRegularExpression>
+#include <QSet>
+
+namespace
+{
+
+const QString desktop_entry = "packaging/desktop/example.vorrin.kelvra.desktop";
+const QString metainfo = "packaging/desktop/example.vorrin.kelvra.metainfo.xml";
+
+QString text_of(const QString &name)
+{
+    QFile file(QString(SOURCE_FOLDER) + "/" + name);
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+/// The first thing in the file that the pattern captures.
+QString captured(const QString &name, const QString &pattern)
+{
+    const QRegularExpression expression(pattern, QRegularExpression::MultilineOption);
+    return expression.match(text_of(name)).captured(1);
+}
+
+/// The value of a key of the desktop entry; empty if it stands there twice.
+QString entry_value(const QString &key)
+{
+    const QString line = "\n" + key + "=";
+    if (text_of(desktop_entry).count(line) != 1)
+        return QString();
+    return captured(desktop_entry, "^" + QRegularExpression::escape(key) + "=(.*)$");
+}
+
+/// What the system calls the types of the files that the file dialog shows, those of images.
+QStringList image_types()
+{
+    QSet<QString> names;
+    const QMimeDatabase types;
+    for (const std::string &extension : orv::supported_extensions) {
+        for (const QMimeType &type :
+             types.mimeTypesForFileName("photo." + QString::fromStdString(extension))) {
+            if (type.name().startsWith("image/"))
+                names << type.name();
+        }
+    }
+    QStringList sorted = names.values();
+    sorted.sort();
+    return sorted;
+}
+
+/// The sources of all kinds that can hold a comment.
+QStringList sources()
+{
+    QStringList names;
+    for (const char *folder :
+         {".ci", "bench", "cmake", "docs", "orv_toolkit", "packaging", "qor", "src", "tests"}) {
+        QDirIterator files(QString(SOURCE_FOLDER) + "/" + folder,
+                           {"*.cpp", "*.h", "*.inc", "*.sh", "*.pl", "*.cmake", "CMakeLists.txt",
+                            "*.1", "*.xml", "run"},
+                           QDir::Files, QDirIterator::Subdirectories);
+        while (files.hasNext())
+            names << files.next().mid(QString(SOURCE_FOLDER).size() + 1);
+    }
+    return names << "CMakeLists.txt"
+                 << "run.sh"
+                 << "test.sh";
+}
+
+}  // namespace
+
+/// The texts of an installation that no other program reads in a test.
+class test_packaging : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void entry_names_the_types_that_the_file_dialog_shows();
+    void metainfo_names_the_same_types();
+    void entry_starts_the_program_plain();
+    void entry_speaks_english_and_german_data();
+    void entry_speaks_english_and_german();
+    void metainfo_belongs_to_the_entry();
+    void documents_name_the_version_data();
+    void documents_name_the_version();
+    void sources_name_their_licence();
+    void licences_are_whole();
+};
+
+void test_packaging::entry_names_the_types_that_the_file_dialog_shows()
+{
+    const QStringList types = image_types();
+    QVERIFY(types.contains("image/jpeg"));
+    QCOMPARE(entry_value("MimeType"), types.join(";") + ";");
+}
+
+void test_packaging::metainfo_names_the_same_types()
+{
+    QStringList types;
+    const QRegularExpression expression("<mediatype>(.*)</mediatype>");
+    auto matches = expression.globalMatch(text_of(metainfo));
+    while (matches.hasNext())
+        types << matches.next().captured(1);
+    QCOMPARE(types, image_types());
+}
+
+/// It takes no files on its command line.
+void test_packaging::entry_starts_the_program_plain()
+{
+    QCOMPARE(entry_value("Exec"), QString("kelvra"));
+    QCOMPARE(entry_value("Icon"), QString("kelvra"));
+    QCOMPARE(entry_value("Terminal"), QString("false"));
+}
+
+void test_packaging::entry_speaks_english_and_german_data()
+{
+    QTest::addColumn<QString>("key");
+    for (const char *key : {"GenericName", "Comment", "Keywords"})
+        QTest::newRow(key) << key;
+}
+
+void test_packaging::entry_speaks_english_and_german()
+{
+    QFETCH(QString, key);
+    QVERIFY(!entry_value(key).isEmpty());
+    QVERIFY(!entry_value(key + "[de]").isEmpty());
+    QVERIFY(entry_value(key) != entry_value(key + "[de]"));
+}
+
+void test_packaging::metainfo_belongs_to_the_entry()
+{
+    QCOMPARE(captured(metainfo, "<launchable type=\"desktop-id\">(.*)</launchable>"),
+             QFileInfo(desktop_entry).fileName());
+    QCOMPARE(captured(metainfo, "<id>(.*)</id>") + ".desktop", QFileInfo(desktop_entry).fileName());
+}
+
+void test_packaging::documents_name_the_version_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("pattern");
+    QTest::newRow("program") << "src/program_setup.cpp"
+                             << "setApplicationVersion\\(\"(.*)\"\\)";
+    QTest::newRow("metainfo") << metainfo << "<release version=\"([^\"]*)\"";
+    QTest::newRow("manual page") << "packaging/man/kelvra.1"
+                                 << "^\\.TH KELVRA 1 \\S+ \"Kelvra (.*?)\"";
+    QTest::newRow("changes of the package") << "packaging/debian/changelog"
+                                            << "^kelvra \\((.*)\\)";
+    QTest::newRow("changes") << "CHANGELOG.md"
+                             << "^## \\[?([0-9.]+)";
+}
+
+void test_packaging::documents_name_the_version()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, pattern);
+    QCOMPARE(captured(name, pattern), QString(PROJECT_VERSION));
+}
+
+void test_packaging::sources_name_their_licence()
+{
+    const QStringList names = sources();
+    QVERIFY(names.size() > 300);
+    for (const QString &name : names) {
+        const QString head = text_of(name).section('\n', 0, 1);
+        QVERIFY2(head.contains("SPDX-License-Identifier: "), qPrintable(name));
+    }
+}
+
+void test_packaging::licences_are_whole()
+{
+    QVERIFY(text_of("LICENSE").contains("GNU GENERAL PUBLIC LICENSE\n"));
+    QVERIFY(text_of("LICENSE").contains("END OF TERMS AND CONDITIONS"));
+    const QString lesser = text_of("packaging/licenses/LGPL-3.txt");
+    QVERIFY(lesser.contains("GNU LESSER GENERAL PUBLIC LICENSE\n"));
+    QVERIFY(lesser.contains("6. Revised Versions of the GNU Lesser General Public License."));
+    const QString fonts = text_of("packaging/licenses/FreeSans.txt");
+    QVERIFY(fonts.contains("As a special exception, if you create a document"));
+    QVERIFY(fonts.contains("GNU FreeFont Authors"));
+}
+
+KELVRA_TEST_MAIN(test_packaging)
+#include "test_packaging.moc"
