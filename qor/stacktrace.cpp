@@ -2,9 +2,12 @@
 
 #include "qor/stacktrace.h"
 
+#include "qor/signal_table.h"
+
 #include <csignal>
 #include <cstdlib>
 #include <iostream>
+#include <iterator>
 
 namespace qor
 {
@@ -15,17 +18,9 @@ namespace
 constexpr std::size_t reserved_frames = 50;
 constexpr int first_number_reported_as_zero = 185;
 
-#ifdef _WIN32
-constexpr int sigabrt_compat = 6;
-constexpr int handled_signals[] = {SIGABRT, SIGABRT, sigabrt_compat, SIGBREAK, SIGFPE,
-                                   SIGILL,  SIGINT,  SIGSEGV,        SIGTERM};
-#else
-constexpr int handled_signals[] = {SIGABRT, SIGFPE, SIGILL, SIGINT, SIGSEGV, SIGTERM};
-#endif
-
 const char *name_of(int number)
 {
-    const bool has_name = number >= 0 && static_cast<std::size_t>(number) < signal_name_count;
+    const bool has_name = number >= 0 && static_cast<std::size_t>(number) < std::size(signal_names);
     return signal_names[has_name ? number : 0];
 }
 
@@ -36,21 +31,6 @@ std::string frame_line(std::size_t index, const stack_frame &frame)
 }
 
 }  // namespace
-
-// clang-format off
-#ifdef _WIN32
-const char *const signal_names[signal_name_count] = {
-    "UNKNOWN", "SIGHUP",  "SIGINT",  "SIGQUIT", "SIGILL",  "SIGTRAP", "SIGABRT_COMPAT", "SIGEMT",
-    "SIGFPE",  "SIGKILL", "SIGBUS",  "SIGSEGV", "SIGSYS",  "SIGPIPE", "SIGALRM",        "SIGTERM",
-    "UNKNOWN", "UNKNOWN", "UNKNOWN", "UNKNOWN", "UNKNOWN", "SIGBREAK", "SIGABRT"};
-#else
-const char *const signal_names[signal_name_count] = {
-    "UNKNOWN",   "SIGHUP",  "SIGINT",   "SIGQUIT", "SIGILL",  "SIGTRAP", "SIGABRT", "SIGBUS",
-    "SIGFPE",    "SIGKILL", "SIGUSR1",  "SIGSEGV", "SIGUSR2", "SIGPIPE", "SIGALRM", "SIGTERM",
-    "SIGSTKFLT", "SIGCHLD", "SIGCONT",  "SIGSTOP", "SIGTSTP", "SIGTTIN", "SIGTTOU", "SIGURG",
-    "SIGXCPU",   "SIGXFSZ", "SIGVTALRM", "SIGPROF", "SIGWINCH", "SIGIO", "SIGPWR",  "SIGSYS"};
-#endif
-// clang-format on
 
 stacktrace &stacktrace::instance()
 {

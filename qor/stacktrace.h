@@ -2,7 +2,6 @@
 
 #pragma once
 
-#include <cstddef>
 #include <functional>
 #include <string>
 #include <vector>
@@ -16,17 +15,6 @@ struct stack_frame {
     int line;              ///< source line
     const char *function;  ///< the compiler's full function text
 };
-
-#ifdef _WIN32
-constexpr std::size_t signal_name_count = 23;
-#else
-constexpr std::size_t signal_name_count = 32;
-#endif
-
-/// Names of the signals, indexed by the numbers of the system that the program is built for:
-/// `signal.h` of the Microsoft C runtime, signal(7) on Linux. A number without a signal, or with
-/// one that no program of this system gets, is "UNKNOWN".
-extern const char *const signal_names[signal_name_count];
 
 /// The process-wide stack of source places, printed when the program dies.
 ///

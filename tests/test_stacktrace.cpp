@@ -2,6 +2,7 @@
 
 #include "outside_run.h"
 #include "qor/exception.h"
+#include "qor/signal_table.h"
 #include "qor/stacktrace.h"
 #include "qor/trace_scope.h"
 #include "test_main.h"
