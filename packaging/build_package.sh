@@ -1,8 +1,8 @@
 #!/bin/sh
 # SPDX-License-Identifier: GPL-3.0-or-later
 #
-# Builds the Debian package and the source archive of the last commit in build/package/. Installs
-# missing Debian packages first, and says which.
+# Builds the Debian package from the tree as it stands, and packs the source archive of the last
+# commit, into build/package/. Installs missing Debian packages first, and says which.
 #
 # usage: packaging/build_package.sh
 #

@@ -17,6 +17,7 @@ deb $security_mirror bookworm-security main
 END
     cp /etc/resolv.conf "$1/etc/resolv.conf"
     mount -t proc proc "$1/proc"
+    mount --bind /dev/pts "$1/dev/pts"
 }
 
 # Runs the command $2... in the root $1, with nothing of this machine's environment.
@@ -43,9 +44,11 @@ remove_root() {
         "$1" | "$1"/*) kill -9 "${process#/proc/}" 2>/dev/null || true ;;
         esac
     done
-    if mountpoint --quiet "$1/proc"; then
-        umount --lazy "$1/proc"
-    fi
+    for folder in "$1/proc" "$1/dev/pts"; do
+        if mountpoint --quiet "$folder"; then
+            umount --lazy "$folder"
+        fi
+    done
     rm -rf --one-file-system "$1"
 }
 
