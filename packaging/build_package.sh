@@ -17,8 +17,8 @@ SOURCE_DATE_EPOCH=$(git log -1 --format=%ct)
 export SOURCE_DATE_EPOCH
 umask 022
 
-# The compiler is told what Debian's own packages are built with. The path of this folder is taken out
-# of what it writes by the build itself, which takes any path.
+# The compiler is told what Debian's own packages are built with. The path of this folder is taken
+# out of what it writes by the build itself, which takes any path.
 export DEB_BUILD_MAINT_OPTIONS="hardening=+all reproducible=-fixfilepath"
 flags_of() {
     dpkg-buildflags --get "$1"

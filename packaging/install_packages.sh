@@ -12,6 +12,7 @@
 #   package      what making the Debian package takes besides the first
 #   check_package  what checking that takes besides these
 #   roots        what trying things in a fresh root of Debian takes
+#   lint         what checking the sources takes besides the first and the last
 #   artwork      what rendering its pictures from their sources takes
 set -eu
 
@@ -24,6 +25,7 @@ bench_packages="libbenchmark-dev xauth xvfb"
 package_packages="dpkg-dev fakeroot file git"
 check_package_packages="lintian"
 root_packages="debootstrap git mount util-linux"
+lint_packages="appstream clang-format clang-tidy clazy desktop-file-utils git perl shellcheck"
 artwork_packages="fonts-freefont-ttf librsvg2-bin"
 
 is_installed() {
@@ -41,6 +43,7 @@ for set in "$@"; do
     package) packages=$package_packages ;;
     check_package) packages=$check_package_packages ;;
     roots) packages=$root_packages ;;
+    lint) packages=$lint_packages ;;
     artwork) packages=$artwork_packages ;;
     *)
         echo "unknown set of packages: $set" >&2

@@ -1,13 +1,14 @@
 #!/bin/sh
 # SPDX-License-Identifier: GPL-3.0-or-later
 #
-# Uses the installed program as a user does, with keys and the mouse: loads a photo, moves its time by
-# an hour, takes that back, and closes the window. Ends with an error where the photo doesn't get the
-# times that it should, or isn't as it was at the end.
+# Uses the installed program as a user does, with keys and the mouse: loads a photo, moves its time
+# by an hour, takes that back, and closes the window. Ends with an error where the photo doesn't get
+# the times that it should, or isn't as it was at the end.
 #
 # usage: packaging/use_installed.sh
 #
-# Runs in a home of its own with a UTF-8 locale, and needs `kelvra`, an X display, openbox and xdotool.
+# Runs in a home of its own with a UTF-8 locale, and needs `kelvra`, an X display, openbox and
+# xdotool.
 set -eu
 # shellcheck source=tests/support/drive_window.sh
 . "$(dirname "$0")/../tests/support/drive_window.sh"

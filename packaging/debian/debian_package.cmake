@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 
-# The Debian package: its documents, as Debian's policy asks for them, and what stands in its control
-# file. The licences that each system of Debian holds are links to those.
+# The Debian package: its documents, as Debian's policy asks for them, and what stands in its
+# control file. The licences that each system of Debian holds are links to those.
 
 function(install_compressed file folder name)
     set(compressed ${CMAKE_CURRENT_BINARY_DIR}/${name}.gz)

@@ -10,18 +10,20 @@
 #   icons/          the icon theme, with a folder for each size and one, SIZE@2, for such screens
 #   program_icon/   the sizes of the program icon; the small ones have sources of their own
 #
-# usage: render.sh
+# usage: render.sh [FOLDER]  into that folder instead of the one above
 #
 # Installs missing Debian packages first.
 set -eu
+[ $# -eq 0 ] || mkdir -p "$1"
+target_folder=$(cd "${1:-$(dirname "$0")/..}" && pwd)
 cd "$(dirname "$0")"
 
 ../../packaging/install_packages.sh artwork
 
-# Renders the source $1 to ../$2, with what options follow.
+# Renders the source $1 to $2 in the folder, with what options follow.
 render() {
     source=$1
-    target=../$2
+    target=$target_folder/$2
     shift 2
     mkdir -p "$(dirname "$target")"
     rsvg-convert --format=png --output="$target" "$@" "$source"

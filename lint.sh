@@ -1,0 +1,134 @@
+#!/bin/sh
+# SPDX-License-Identifier: GPL-3.0-or-later
+#
+# Checks the sources, and what is made from them by hand, without running a test. Installs missing
+# Debian packages first, and says which.
+#
+# usage: ./lint.sh          all steps
+#        ./lint.sh STEP     one of them
+#          blanks     no blanks at the ends of lines, no tabs at their starts
+#          format     C++ stands as .clang-format says
+#          includes   go one way (tests/check_includes.pl)
+#          scripts    shellcheck is content, and Perl can read its scripts
+#          documents  say what is there (docs/check_documents.pl)
+#          desktop    desktop entry and metainfo are valid
+#          pictures   the PNG files are what resources/artwork/render.sh makes of their sources
+#          clazy      knows nothing against our use of Qt
+#          tidy       clang-tidy finds nothing of what .clang-tidy lists
+#
+# All steps are gone through, and those that found something named at the end. The program's sources
+# are looked at closely, its tests and benchmarks for their format and their includes alone.
+set -eu
+cd "$(dirname "$0")"
+
+steps="blanks format includes scripts documents desktop pictures clazy tidy"
+
+usage() {
+    sed -n '4,/^set/s/^# \{0,1\}//p' lint.sh >&2
+    exit 2
+}
+
+# The files of these patterns, those that git doesn't know yet too.
+files() {
+    git ls-files --cached --others --exclude-standard "$@"
+}
+
+program_sources() {
+    files 'src/*.cpp' 'orv_toolkit/*.cpp' 'qor/*.cpp'
+}
+
+# Headers that no source begins with: nothing else shows that they compile alone.
+lone_headers() {
+    files 'src/*.h' 'orv_toolkit/*.h' 'qor/*.h' | while read -r header; do
+        [ -e "${header%.h}.cpp" ] || echo "$header"
+    done
+}
+
+# Runs a tool on the files named on standard input, on all cores, without its counts of warnings in
+# foreign headers.
+on_each() {
+    status=0
+    xargs -P "$(nproc)" -n 1 "$@" >"$work/findings" 2>&1 || status=1
+    grep -v 'generated\.$' "$work/findings" || true
+    return "$status"
+}
+
+prepare_build() {
+    cmake --preset lint >"$work/build_log"
+    cmake --build --preset lint --target build_versions >"$work/build_log"
+}
+
+# The texts of licences stay as their authors wrote them.
+check_blanks() {
+    no_files=$(git hash-object -t tree /dev/null)
+    git -c core.whitespace=trailing-space,tab-in-indent diff --check "$no_files" -- . \
+        ':!LICENSE' ':!packaging/licenses' ':!packaging/debian/copyright'
+}
+
+check_format() {
+    files '*.cpp' '*.h' | xargs clang-format --dry-run --Werror
+}
+
+check_includes() {
+    tests/check_includes.pl
+}
+
+check_scripts() {
+    files '*.sh' .ci | xargs shellcheck
+    files '*.pl' | xargs -n 1 perl -c 2>&1
+}
+
+check_documents() {
+    perl docs/check_documents.pl
+}
+
+check_desktop() {
+    desktop-file-validate packaging/desktop/example.vorrin.kelvra.desktop
+    appstreamcli validate --no-net packaging/desktop/example.vorrin.kelvra.metainfo.xml
+}
+
+list_pictures() {
+    (cd "$1" && find . -name '*.png' -exec sha256sum {} + | sort -k 2)
+}
+
+check_pictures() {
+    resources/artwork/render.sh "$work/pictures" >"$work/rendered"
+    list_pictures "$work/pictures" >"$work/expected"
+    list_pictures resources >"$work/present"
+    diff "$work/expected" "$work/present"
+}
+
+# non-pod-global-static: names of tags and tables stand as objects at the top of their sources. None
+# is made from another, and nobody reads them before main.
+check_clazy() {
+    prepare_build
+    program_sources | on_each clazy-standalone -p build/lint \
+        --checks=level1,no-non-pod-global-static --header-filter='/(src|orv_toolkit|qor)/' \
+        --extra-arg=-std=c++17 --extra-arg=-Wno-unknown-warning-option
+}
+
+check_tidy() {
+    prepare_build
+    { program_sources && lone_headers; } | on_each clang-tidy -p build/lint --quiet
+}
+
+if [ $# -eq 0 ]; then
+    failed=""
+    for step in $steps; do
+        echo "--- $step"
+        ./lint.sh "$step" || failed="$failed $step"
+    done
+    [ -z "$failed" ] || echo "found something:$failed"
+    [ -z "$failed" ]
+    exit
+fi
+
+case " $steps " in
+*" $1 "*) [ $# -eq 1 ] || usage ;;
+*) usage ;;
+esac
+packaging/install_packages.sh build lint artwork
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+trap 'exit 1' INT TERM
+"check_$1"
