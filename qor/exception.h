@@ -15,7 +15,7 @@ class exception : public std::exception
 {
 public:
     /// Doesn't return, but for the jump of a harness (`fatal_jump`).
-    explicit exception(std::string message);
+    explicit exception(std::string reason);
 
     const char *what() const noexcept override;
 

@@ -18,6 +18,7 @@ namespace
 bool jump_is_set()
 {
     static const std::jmp_buf unset = {};
+    // NOLINTNEXTLINE(bugprone-suspicious-memory-comparison): the padding is zero too
     return std::memcmp(&fatal_jump, &unset, sizeof(std::jmp_buf)) != 0;
 }
 

@@ -43,7 +43,7 @@ std::vector<string> string::split(const string &text, char separator, int limit)
 {
     std::vector<string> pieces;
     for_each_piece(text, separator, limit, [&](std::size_t start, std::size_t length) {
-        pieces.push_back(text.substr(start, length));
+        pieces.emplace_back(text.substr(start, length));
     });
     return pieces;
 }

@@ -13,6 +13,8 @@ class trace_scope
 {
 public:
     /// @param file, function  literals: only the pointers are kept
+    /// @param line            may be the fixed number under which reports know the place, as in
+    ///                        `orv::application`, whatever line it stands on by now
     trace_scope(const char *file, int line, const char *function);
     ~trace_scope();
 

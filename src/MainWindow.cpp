@@ -74,10 +74,9 @@ QHBoxLayout *make_row(const QMargins &margins, int spacing)
 
 }  // namespace
 
-MainWindow::MainWindow(QWidget *parent) : QMainWindow(parent)
+MainWindow::MainWindow(QWidget *parent) : QMainWindow(parent), ui(new main_window_form)
 {
     set_program_font();
-    ui = new main_window_form;
     ui->build(this);
     build_header();
     setup_table();
@@ -110,7 +109,7 @@ void MainWindow::build_header()
     lay_out_strip();
     lay_out_header();
     lay_out_controls();
-    ui->widget->setStyleSheet(QString(drop_picture_sheet).arg(language_setting("lang")));
+    ui->widget->setStyleSheet(QString(drop_picture_sheet).arg(language_setting(language_key)));
     ui->widget_time_adjust->set_tooltips(tr("Change the timestamps of the photos by this value "
                                             "(positive and negative values can be used)"));
 }

@@ -22,7 +22,6 @@
 namespace
 {
 
-constexpr char language_key[] = "lang";
 constexpr char report_keys[] = "Ctrl+Shift+G";
 constexpr char help_resource[] = ":/help/index_%1.html";
 constexpr char help_file[] = "/kelvra_help_%1.html";

@@ -101,7 +101,7 @@ QString datetime_format_form::format_of(const orv::radio *button) const
         if (this->*time_choice.button == button)
             return time_choice.format;
     }
-    return QString();
+    return {};
 }
 
 void datetime_format_form::build_frames(datetime_format *panel)

@@ -14,8 +14,6 @@
 namespace
 {
 
-constexpr char language_key[] = "lang";
-
 /// A language of the program under its own name, which isn't translated.
 struct language {
     const char *name;

@@ -115,7 +115,7 @@ void exif_cache::parse_recording_date(const std::string &path, const std::string
 void exif_cache::parse_iptc(const std::string &path, const tag_map &tags)
 {
     tag_map &record = records[path];
-    record["has_iptc_date"] = tags.count("IPTC:DateCreated") ? "true" : "false";
+    record["has_iptc_date"] = tags.count("IPTC:DateCreated") > 0 ? "true" : "false";
     record["has_iptc_time"] = "false";
     // Another key than the one of the zone, on purpose: a time without a sign has no zone key.
     record["ipct_timezone"] = "";

@@ -26,7 +26,7 @@ QStringList files_and_folder_contents(const QStringList &names)
             paths << name;
     }
     QStringList files;
-    for (const QString &path : paths) {
+    for (const QString &path : qAsConst(paths)) {
         if (QFileInfo(path).isFile())
             files << path;
     }

@@ -11,7 +11,7 @@ int main(int argc, char **argv)
     orv::application<MainWindow> application(argc, argv);
     install_style();
     install_icons();
-    install_translators(language_setting("lang"));
+    install_translators(language_setting(language_key));
 
     MainWindow window(nullptr);
     application.main_window = &window;

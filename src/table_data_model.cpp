@@ -61,7 +61,7 @@ QVariant table_data_model::data(const QModelIndex &index, int role) const
         return display_text(path, index.column());
     if (role == Qt::UserRole)
         return user_value(path, index.column());
-    return QVariant();
+    return {};
 }
 
 QVariant table_data_model::headerData(int section, Qt::Orientation orientation, int role) const
@@ -147,7 +147,7 @@ QDateTime table_data_model::recording_time(const QString &path) const
                      number(record, "rec_day"));
     const QTime time(number(record, "rec_hour"), number(record, "rec_minute"),
                      number(record, "rec_second"), 0);
-    return QDateTime(date, time, Qt::LocalTime);
+    return {date, time, Qt::LocalTime};
 }
 
 QDateTime table_data_model::new_recording_time(const QString &path) const
@@ -213,7 +213,7 @@ QVariant table_data_model::display_text(const QString &path, int column) const
     case new_recording_time_column:
         return time_text(new_recording_time(path), path, true);
     default:
-        return QVariant();
+        return {};
     }
 }
 
@@ -227,7 +227,7 @@ QVariant table_data_model::user_value(const QString &path, int column) const
     case new_recording_time_column:
         return new_recording_time(path);
     default:
-        return QVariant();
+        return {};
     }
 }
 

@@ -164,7 +164,7 @@ button_dark::img_highlighter::get_custom_paint_ex(int x, int y)
 {
     return [this, x, y](QPainter &painter, QPushButton *button) {
         const auto *bd = qobject_cast<button_dark *>(button);
-        if (!bd)
+        if (!bd)  // the number is the one that reports know, as in `trace_scope`
             qor::assertion_failed("bd", "../orv_toolkit/orv/button_dark", 211, __PRETTY_FUNCTION__);
         if (const QImage *image = image_for(*bd)) {
             const QSize size = shown_size(*image_normal);
@@ -299,7 +299,7 @@ void button_dark::rebuild_sheet()
     QString sheet = sheet_template;
     if (use_checked_sheet)
         sheet += sheet_checked;
-    setStyleSheet(sheet.arg(skin).arg(text_align));
+    setStyleSheet(sheet.arg(skin, text_align));
 }
 
 bool button_dark::unchecks_on_click() const

@@ -69,7 +69,8 @@ QSize add_license(qor::qt::layout &rows, const QString &text)
 
 }  // namespace
 
-dialog_3rd_part_lib_info::dialog_3rd_part_lib_info(QWidget *parent) : QDialog(parent)
+dialog_3rd_part_lib_info::dialog_3rd_part_lib_info(QWidget *parent)
+    : QDialog(parent), layout(new qor::qt::layout(1, false))
 {
     libraries.push_back(
         {QString("Qt ") + qt_version,
@@ -78,7 +79,6 @@ dialog_3rd_part_lib_info::dialog_3rd_part_lib_info(QWidget *parent) : QDialog(pa
             "The full text for the LGPL license was distributed as a text file with this "
             "software."),
          QString()});
-    layout = new qor::qt::layout(1, false);
     setLayout(layout);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     add_heading();

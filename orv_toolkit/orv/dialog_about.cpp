@@ -34,7 +34,7 @@ constexpr int gap_px = 20;
 
 constexpr int word_bits = 64;
 constexpr char website_link[] =
-    "<a href=\"https://vorrin.example/\" style=\"color:#728a84;\">https://vorrin.example/</a>";
+    R"(<a href="https://vorrin.example/" style="color:#728a84;">https://vorrin.example/</a>)";
 
 QLabel *make_heading(const QString &text)
 {

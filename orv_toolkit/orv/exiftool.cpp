@@ -222,7 +222,7 @@ QString exiftool::read_until_ready()
 {
     if (!started) {
         print_line("Uh oh...");
-        return QString();
+        return {};
     }
     const QByteArray marker = ready_marker.toLocal8Bit();
     QByteArray reply;

@@ -15,12 +15,12 @@ constexpr int heading_point_size = 11;
 
 QFont text_font()
 {
-    return QFont("FreeSans", text_point_size);
+    return {"FreeSans", text_point_size};
 }
 
 QFont heading_font()
 {
-    return QFont("FreeSansBold", heading_point_size, QFont::Bold);
+    return {"FreeSansBold", heading_point_size, QFont::Bold};
 }
 
 }  // namespace orv

@@ -43,7 +43,7 @@ stretch place_fixed(const extent &content, float slot, float slot_start)
     const bool is_bound_before = content.margin_before >= 0;
     const bool is_bound_after = content.margin_after >= 0;
     if (!is_bound_before && !is_bound_after)
-        return {slot * 0.5f - 0.5f * content.size + slot_start, content.size};
+        return {slot * 0.5F - 0.5F * content.size + slot_start, content.size};
     if (!is_bound_before)
         return {slot - content.size - content.margin_after + slot_start, content.size};
     if (!is_bound_after)

@@ -37,6 +37,7 @@ struct way {
 std::vector<way> ways_of(const std::vector<sliding_line> &lines)
 {
     std::vector<way> ways;
+    ways.reserve(lines.size());
     for (const sliding_line &line : lines)
         ways.push_back({line, std::int64_t(line.size()) - line.target});
     return ways;

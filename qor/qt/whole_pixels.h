@@ -20,7 +20,7 @@ inline int whole_pixels(std::int64_t count)
 /// counts as 0.
 inline int whole_pixels(float length)
 {
-    constexpr float beyond_an_int = 2147483648.0f;
+    constexpr float beyond_an_int = 2147483648.0F;
     if (length >= beyond_an_int)
         return std::numeric_limits<int>::max();
     if (length < -beyond_an_int)
