@@ -29,9 +29,9 @@ orv_toolkit/orv/exiftool.cpp tag_writing tag_reading exiftool_pipe exiftool_proc
 orv_toolkit/orv/tag_reply.cpp tag_reading random_replies
 qor/string.cpp qor_string random_strings
 qor/string.h qor_string
-qor/qt/layout.cpp layout layout_geometry layout_passes layout_answers
+qor/qt/layout.cpp layout layout_filling layout_geometry layout_grid layout_passes layout_answers
 qor/qt/stylesheet.cpp stylesheet random_sheets
-orv_toolkit/orv/button_dark.cpp button_dark button_icon dense_screen main_window_buttons
+orv_toolkit/orv/button_dark.cpp button_dark img_highlighter button_icon dense_screen main_window_buttons
 "
 
 work=build/mutants

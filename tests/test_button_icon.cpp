@@ -2,16 +2,10 @@
 
 #include "orv/button_dark.h"
 #include "outside_run.h"
+#include "picture_folder.h"
 #include "test_main.h"
 
 #include <QPainter>
-#include <QTemporaryDir>
-
-#include <cstring>
-
-using highlighter = orv::button_dark::img_highlighter;
-using pixel_rows = QList<QList<QRgb>>;
-Q_DECLARE_METATYPE(pixel_rows)
 
 namespace
 {
@@ -19,33 +13,6 @@ namespace
 constexpr QRgb green = qRgb(0, 200, 0);
 constexpr QRgb red = qRgb(200, 0, 0);
 constexpr QRgb frame_grey = qRgb(129, 136, 133);
-
-orv::pixel_argb colour(QRgb rgb)
-{
-    return {static_cast<std::uint8_t>(qBlue(rgb)), static_cast<std::uint8_t>(qGreen(rgb)),
-            static_cast<std::uint8_t>(qRed(rgb)), static_cast<std::uint8_t>(qAlpha(rgb))};
-}
-
-pixel_rows rows_of(const QImage *image)
-{
-    pixel_rows rows;
-    for (int y = 0; y < image->height(); ++y) {
-        rows << QList<QRgb>();
-        for (int x = 0; x < image->width(); ++x)
-            rows.last() << image->pixel(x, y);
-    }
-    return rows;
-}
-
-QImage image_of(const pixel_rows &rows)
-{
-    QImage image(rows.first().size(), rows.size(), QImage::Format_ARGB32);
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x)
-            image.setPixel(x, y, rows[y][x]);
-    }
-    return image;
-}
 
 /// What the button's icon paints, on a transparent ground.
 QImage painted_icon(orv::button_dark &button)
@@ -78,12 +45,6 @@ class test_button_icon : public QObject
     Q_OBJECT
 
 private slots:
-    void colour_is_a_pixel_in_memory();
-    void record_starts_empty();
-    void rebuild_without_a_path_does_nothing();
-    void flat_icon_keeps_only_the_alpha();
-    void tinted_icon_moves_its_colours_data();
-    void tinted_icon_moves_its_colours();
     void missing_picture_shows_nothing();
     void missing_picture_takes_the_place_of_a_good_one();
     void icon_stands_where_it_was_put_data();
@@ -103,164 +64,14 @@ private slots:
     void foreign_button_ends_the_program();
 
 private:
-    /// A picture file of one colour.
-    QString plain_picture(QSize size, QRgb rgb = qRgb(1, 2, 3));
-    QString picture(const QImage &image);
-
-    QTemporaryDir folder;
-    int pictures = 0;
+    picture_folder folder;
 };
-
-QString test_button_icon::plain_picture(QSize size, QRgb rgb)
-{
-    QImage image(size, QImage::Format_ARGB32);
-    image.fill(rgb);
-    return picture(image);
-}
-
-QString test_button_icon::picture(const QImage &image)
-{
-    const QString path = folder.filePath(QString("%1.png").arg(++pictures));
-    if (!image.save(path))
-        qFatal("can't write %s", qPrintable(path));
-    return path;
-}
-
-void test_button_icon::colour_is_a_pixel_in_memory()
-{
-    const auto pixel = [](orv::pixel_argb argb) {
-        quint32 value = 0;
-        static_assert(sizeof argb == sizeof value);
-        std::memcpy(&value, &argb, sizeof value);
-        return value;
-    };
-    QCOMPARE(pixel({}), 0xFF000000U);
-    QCOMPARE(pixel({0x11, 0x22, 0x33, 0x44}), 0x44332211U);
-}
-
-void test_button_icon::record_starts_empty()
-{
-    const highlighter icon;
-    QCOMPARE(icon.path, QString());
-    QVERIFY(!icon.image_normal && !icon.image_hot && !icon.image_disabled);
-    QCOMPARE(icon.image_width, 0);
-    QVERIFY(!icon.tinted);
-}
-
-void test_button_icon::rebuild_without_a_path_does_nothing()
-{
-    highlighter icon;
-    icon.rebuild();
-    QVERIFY(!icon.image_normal && !icon.image_hot && !icon.image_disabled);
-
-    icon.path = plain_picture({4, 3});
-    icon.rebuild();
-    QCOMPARE(icon.image_normal->size(), QSize(4, 3));
-    icon.path.clear();
-    icon.rebuild();
-    QCOMPARE(icon.image_normal->size(), QSize(4, 3));
-    QCOMPARE(icon.image_width, 4);
-}
-
-void test_button_icon::flat_icon_keeps_only_the_alpha()
-{
-    const pixel_rows source = {{qRgba(10, 20, 30, 255), qRgba(40, 50, 60, 128)},
-                               {qRgba(70, 80, 90, 1), qRgba(0, 0, 0, 0)}};
-    highlighter icon;
-    icon.normal_colour = {133, 136, 129, 7};
-    icon.hot_colour = {240, 241, 242, 9};
-    icon.path = picture(image_of(source));
-    icon.rebuild();
-    const pixel_rows normal = {{qRgba(129, 136, 133, 255), qRgba(129, 136, 133, 128)},
-                               {qRgba(129, 136, 133, 1), qRgba(129, 136, 133, 0)}};
-    const pixel_rows hot = {{qRgba(242, 241, 240, 255), qRgba(242, 241, 240, 128)},
-                            {qRgba(242, 241, 240, 1), qRgba(242, 241, 240, 0)}};
-    const pixel_rows disabled = {{qRgba(129, 136, 133, 127), qRgba(129, 136, 133, 64)},
-                                 {qRgba(129, 136, 133, 0), qRgba(129, 136, 133, 0)}};
-    QCOMPARE(rows_of(icon.image_normal), normal);
-    QCOMPARE(rows_of(icon.image_hot), hot);
-    QCOMPARE(rows_of(icon.image_disabled), disabled);
-    QCOMPARE(icon.image_width, 2);
-}
-
-void test_button_icon::tinted_icon_moves_its_colours_data()
-{
-    QTest::addColumn<QRgb>("normal");
-    QTest::addColumn<QRgb>("hot");
-    QTest::addColumn<pixel_rows>("source");
-    QTest::addColumn<pixel_rows>("hot_pixels");
-    // clang-format off
-    QTest::newRow("the normal colour becomes the hot one, the rest goes along")
-        << qRgb(100, 100, 100) << qRgb(110, 90, 105)
-        << pixel_rows{{qRgb(50, 60, 70), qRgb(100, 100, 100), qRgb(120, 130, 140)}}
-        << pixel_rows{{qRgb(60, 50, 75), qRgb(110, 90, 105), qRgb(130, 120, 145)}};
-    QTest::newRow("without that colour the closest one does")
-        << qRgb(100, 100, 100) << qRgb(200, 200, 200)
-        << pixel_rows{{qRgb(10, 10, 10), qRgb(90, 105, 100)}, {qRgb(130, 130, 130), qRgb(0, 0, 0)}}
-        << pixel_rows{{qRgb(120, 105, 110), qRgb(200, 200, 200)},
-                      {qRgb(240, 225, 230), qRgb(110, 95, 100)}};
-    QTest::newRow("closest by its red")
-        << qRgb(40, 100, 100) << qRgb(140, 100, 100)
-        << pixel_rows{{qRgb(20, 100, 100), qRgb(50, 100, 100), qRgb(10, 100, 100)}}
-        << pixel_rows{{qRgb(110, 100, 100), qRgb(140, 100, 100), qRgb(100, 100, 100)}};
-    QTest::newRow("closest by its green")
-        << qRgb(100, 40, 100) << qRgb(100, 140, 100)
-        << pixel_rows{{qRgb(100, 20, 100), qRgb(100, 50, 100), qRgb(100, 10, 100)}}
-        << pixel_rows{{qRgb(100, 110, 100), qRgb(100, 140, 100), qRgb(100, 100, 100)}};
-    QTest::newRow("closest by its blue")
-        << qRgb(100, 100, 40) << qRgb(100, 100, 140)
-        << pixel_rows{{qRgb(100, 100, 20), qRgb(100, 100, 50), qRgb(100, 100, 10)}}
-        << pixel_rows{{qRgb(100, 100, 110), qRgb(100, 100, 140), qRgb(100, 100, 100)}};
-    QTest::newRow("the first of two equally close ones")
-        << qRgb(100, 100, 100) << qRgb(100, 100, 100)
-        << pixel_rows{{qRgb(101, 100, 100), qRgb(99, 100, 100)}}
-        << pixel_rows{{qRgb(100, 100, 100), qRgb(98, 100, 100)}};
-    QTest::newRow("each channel stops at its ends")
-        << qRgb(100, 100, 100) << qRgb(0, 255, 100)
-        << pixel_rows{{qRgb(100, 100, 100), qRgb(99, 101, 7)}}
-        << pixel_rows{{qRgb(0, 255, 100), qRgb(0, 255, 7)}};
-    QTest::newRow("alpha stays and doesn't count as distance")
-        << qRgb(100, 100, 100) << qRgb(120, 100, 100)
-        << pixel_rows{{qRgba(100, 100, 100, 3), qRgba(90, 100, 100, 255)}}
-        << pixel_rows{{qRgba(120, 100, 100, 3), qRgba(110, 100, 100, 255)}};
-    QTest::newRow("a picture at the greatest distance is measured from black")
-        << qRgb(0, 0, 0) << qRgb(10, 0, 0)
-        << pixel_rows{{qRgb(255, 255, 255)}}
-        << pixel_rows{{qRgb(255, 255, 255)}};
-    QTest::newRow("one step closer it counts")
-        << qRgb(0, 0, 0) << qRgb(10, 0, 0)
-        << pixel_rows{{qRgb(255, 255, 254)}}
-        << pixel_rows{{qRgb(10, 0, 0)}};
-    // clang-format on
-}
-
-void test_button_icon::tinted_icon_moves_its_colours()
-{
-    QFETCH(QRgb, normal);
-    QFETCH(QRgb, hot);
-    QFETCH(pixel_rows, source);
-    QFETCH(pixel_rows, hot_pixels);
-    highlighter icon;
-    icon.tinted = true;
-    icon.normal_colour = colour(normal);
-    icon.hot_colour = colour(hot);
-    icon.path = picture(image_of(source));
-    icon.rebuild();
-    pixel_rows half_transparent = source;
-    for (QList<QRgb> &row : half_transparent) {
-        for (QRgb &rgb : row)
-            rgb = qRgba(qRed(rgb), qGreen(rgb), qBlue(rgb), qAlpha(rgb) / 2);
-    }
-    QCOMPARE(rows_of(icon.image_normal), source);
-    QCOMPARE(rows_of(icon.image_hot), hot_pixels);
-    QCOMPARE(rows_of(icon.image_disabled), half_transparent);
-}
 
 void test_button_icon::missing_picture_shows_nothing()
 {
     orv::button_dark button(nullptr);
     button.resize(20, 20);
-    button.set_icon(folder.filePath("missing.png"), -1, -1, {}, {});
+    button.set_icon(folder.missing_picture(), -1, -1, {}, {});
     QVERIFY(button.icon.image_normal->isNull());
     QVERIFY(button.icon.image_hot->isNull());
     QVERIFY(button.icon.image_disabled->isNull());
@@ -273,8 +84,8 @@ void test_button_icon::missing_picture_shows_nothing()
 void test_button_icon::missing_picture_takes_the_place_of_a_good_one()
 {
     orv::button_dark button(nullptr);
-    button.set_icon(plain_picture({4, 4}), -1, -1, {}, {});
-    button.set_tinted_icon(folder.filePath("missing.png"), -1, -1, {}, {});
+    button.set_icon(folder.plain_picture({4, 4}), -1, -1, {}, {});
+    button.set_tinted_icon(folder.missing_picture(), -1, -1, {}, {});
     QVERIFY(button.icon.image_normal->isNull());
     QCOMPARE(button.icon.image_width, 0);
 }
@@ -302,7 +113,7 @@ void test_button_icon::icon_stands_where_it_was_put()
     QFETCH(QRect, place);
     orv::button_dark button(nullptr);
     button.setFixedSize(23, 23);
-    button.set_icon(plain_picture(icon_size), position.x(), position.y(), colour(red),
+    button.set_icon(folder.plain_picture(icon_size), position.x(), position.y(), colour(red),
                     colour(green));
     QCOMPARE(place_of(green, button.grab().toImage()), place);
 }
@@ -314,7 +125,7 @@ void test_button_icon::icon_larger_than_the_button_hangs_over_rounded_to_zero()
     image.setPixel(10, 12, qRgb(1, 2, 3));
     orv::button_dark button(nullptr);
     button.setFixedSize(23, 23);
-    button.set_icon(picture(image), -1, -1, colour(red), colour(green));
+    button.set_icon(folder.picture(image), -1, -1, colour(red), colour(green));
     QCOMPARE(place_of(green, painted_icon(button)), QRect(9, 11, 1, 1));
 }
 
@@ -352,7 +163,7 @@ void test_button_icon::state_picks_the_colour()
     QFETCH(QRgb, expected);
     orv::button_dark button(nullptr);
     button.resize(8, 8);
-    button.set_icon(plain_picture({8, 8}), 0, 0, colour(red), colour(green));
+    button.set_icon(folder.plain_picture({8, 8}), 0, 0, colour(red), colour(green));
     button.set_flags(false, true, hot_when_checked);
     button.setEnabled(enabled);
     button.setCheckable(checkable);
@@ -367,7 +178,7 @@ void test_button_icon::mouse_makes_the_icon_hot()
     window.resize(100, 100);
     orv::button_dark button(&window);
     button.setGeometry(0, 0, 30, 30);
-    button.set_icon(plain_picture({8, 8}), -1, -1, colour(red), colour(green));
+    button.set_icon(folder.plain_picture({8, 8}), -1, -1, colour(red), colour(green));
     window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));
     QTest::mouseMove(&window, {80, 80});
@@ -384,7 +195,7 @@ void test_button_icon::disabled_icon_has_half_the_alpha()
     button.setFixedSize(23, 23);
     button.setEnabled(false);
     const QImage face = button.grab().toImage();
-    button.set_icon(plain_picture({16, 16}), -1, -1, colour(red), colour(green));
+    button.set_icon(folder.plain_picture({16, 16}), -1, -1, colour(red), colour(green));
     const QColor ground = face.pixelColor(10, 10);
     const QColor shown = button.grab().toImage().pixelColor(10, 10);
     const auto mixed = [](int icon, int below) { return (icon * 127 + below * 128) / 255; };
@@ -413,7 +224,7 @@ void test_button_icon::frame_shows_on_a_checked_button()
     QFETCH(bool, framed);
     orv::button_dark button(nullptr);
     button.resize(20, 12);
-    button.set_icon(plain_picture({4, 4}), -1, -1, colour(red), colour(green));
+    button.set_icon(folder.plain_picture({4, 4}), -1, -1, colour(red), colour(green));
     button.set_flags(draw_frame, true, true);
     button.setCheckable(checkable);
     button.setChecked(checked);
@@ -428,10 +239,10 @@ void test_button_icon::checked_icon_takes_turns_with_the_other()
     orv::button_dark button(nullptr);
     button.resize(20, 20);
     button.setCheckable(true);
-    button.set_icon(plain_picture({4, 4}), 1, 1, colour(red), colour(green));
+    button.set_icon(folder.plain_picture({4, 4}), 1, 1, colour(red), colour(green));
     const QRgb blue = qRgb(0, 0, 200);
     const QRgb yellow = qRgb(200, 200, 0);
-    button.set_checked_icon(plain_picture({6, 6}), 2, 3, colour(blue), colour(yellow));
+    button.set_checked_icon(folder.plain_picture({6, 6}), 2, 3, colour(blue), colour(yellow));
     QCOMPARE(place_of(green, painted_icon(button)), QRect(2, 3, 4, 4));
     button.setChecked(true);
     QCOMPARE(place_of(blue, painted_icon(button)), QRect(2, 3, 6, 6));
@@ -445,7 +256,7 @@ void test_button_icon::checked_icon_alone_leaves_the_unchecked_button_bare()
     orv::button_dark button(nullptr);
     button.resize(20, 20);
     button.setCheckable(true);
-    button.set_checked_icon(plain_picture({4, 4}), -1, -1, colour(red), colour(green));
+    button.set_checked_icon(folder.plain_picture({4, 4}), -1, -1, colour(red), colour(green));
     QImage nothing(20, 20, QImage::Format_ARGB32);
     nothing.fill(Qt::transparent);
     QCOMPARE(painted_icon(button), nothing);
@@ -460,8 +271,8 @@ void test_button_icon::icon_set_behind_a_checked_one_replaces_both()
     button.setCheckable(true);
     button.setChecked(true);
     const QRgb blue = qRgb(0, 0, 200);
-    button.set_checked_icon(plain_picture({6, 6}), -1, -1, colour(blue), colour(blue));
-    button.set_icon(plain_picture({4, 4}), -1, -1, colour(red), colour(green));
+    button.set_checked_icon(folder.plain_picture({6, 6}), -1, -1, colour(blue), colour(blue));
+    button.set_icon(folder.plain_picture({4, 4}), -1, -1, colour(red), colour(green));
     const QImage picture = painted_icon(button);
     QCOMPARE(place_of(blue, picture), QRect());
     QCOMPARE(place_of(red, picture), QRect(8, 8, 4, 4));
@@ -471,7 +282,7 @@ void test_button_icon::checked_icon_takes_the_checked_sheet_out_of_use()
 {
     orv::button_dark button(nullptr);
     const QString whole_sheet = button.styleSheet();
-    button.set_checked_icon(plain_picture({4, 4}), -1, -1, {}, {});
+    button.set_checked_icon(folder.plain_picture({4, 4}), -1, -1, {}, {});
     QVERIFY(!button.use_checked_sheet);
     QCOMPARE(button.styleSheet(), whole_sheet);
     button.set_skin("dark");
@@ -482,7 +293,7 @@ void test_button_icon::checked_icon_takes_the_checked_sheet_out_of_use()
 
 void test_button_icon::tinted_setters_tint_their_own_icon()
 {
-    const QString path = plain_picture({2, 2}, qRgb(10, 20, 30));
+    const QString path = folder.plain_picture({2, 2}, qRgb(10, 20, 30));
     orv::button_dark button(nullptr);
     button.set_tinted_icon(path, -1, -1, colour(red), colour(green));
     QVERIFY(button.icon.tinted);

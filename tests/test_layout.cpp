@@ -66,15 +66,7 @@ private slots:
     void add_at_takes_that_place();
     void add_at_replaces_what_is_there();
     void add_at_leaves_the_lines_sizes_alone();
-    void add_at_fills_the_grid_if_not_told_otherwise_data();
-    void add_at_fills_the_grid_if_not_told_otherwise();
     void add_at_before_the_first_line_makes_none();
-    void span_covers_what_stands_there();
-    void covered_cells_share_a_background_of_one_run();
-    void covered_cells_know_their_place();
-    void empty_cells_have_backgrounds_of_their_own();
-    void each_fill_makes_its_backgrounds_data();
-    void each_fill_makes_its_backgrounds();
     void sub_layout_comes_in_a_holder();
     void sub_layout_takes_several_lists();
 };
@@ -409,28 +401,6 @@ void test_layout::add_at_leaves_the_lines_sizes_alone()
     QCOMPARE(cursor_of(*some.grid), QPoint(0, 0));
 }
 
-void test_layout::add_at_fills_the_grid_if_not_told_otherwise_data()
-{
-    QTest::addColumn<bool>("skip_fill");
-    QTest::addColumn<QString>("grid");
-    QTest::newRow("filled") << false << "a#.|bz#";
-    QTest::newRow("left with gaps") << true << "a#-|bz-";
-}
-
-// The span reaches into columns that the layout got by an earlier cell.
-void test_layout::add_at_fills_the_grid_if_not_told_otherwise()
-{
-    QFETCH(bool, skip_fill);
-    layout_screen some(0);
-    add_described(*some.grid, "a2x1* b");
-    some.grid->column_width(2) = 5;
-    cell placed = named_cell("z");
-    placed.column_span = 2;
-    some.grid->add_at(placed, 1, 1, skip_fill);
-    QTEST(drawn(*some.grid), "grid");
-    QCOMPARE(last_of(*some.grid), QPoint(1, 1));
-}
-
 void test_layout::add_at_before_the_first_line_makes_none()
 {
     layout_screen some(0);
@@ -441,98 +411,6 @@ void test_layout::add_at_before_the_first_line_makes_none()
     QCOMPARE(last_of(*some.grid), QPoint(-1, -2));
     QCOMPARE(drawn(*some.grid), QString("a"));
     QCOMPARE(some.grid->count(), 2);
-}
-
-void test_layout::span_covers_what_stands_there()
-{
-    layout_screen some(0);
-    add_described(*some.grid, "a b c* d e f");
-    const QPointer<QWidget> covered = some.grid->cells.at({1, 1}).content;
-    cell wide = named_cell("z");
-    wide.column_span = 2;
-    wide.row_span = 2;
-    some.grid->add_at(wide, 0, 0, false);
-    QCOMPARE(drawn(*some.grid), QString("z#c|##f"));
-    QVERIFY(covered);
-    QCOMPARE(covered->parentWidget(), &some.parent);
-}
-
-void test_layout::covered_cells_share_a_background_of_one_run()
-{
-    layout_screen some(3);
-    add_described(*some.grid, "a3x2");
-    const auto background_at = [&](int column, int row) {
-        return some.grid->cells.at({column, row}).background();
-    };
-    const QWidget *first_run = background_at(1, 0);
-    QVERIFY(first_run);
-    QVERIFY(first_run != background_at(0, 0));
-    for (const QPoint &place : {QPoint(2, 0), QPoint(0, 1), QPoint(1, 1), QPoint(2, 1)})
-        QCOMPARE(background_at(place.x(), place.y()), first_run);
-
-    add_described(*some.grid, "b2x1");
-    const QWidget *second_run = background_at(1, 0);
-    QVERIFY(second_run != first_run);
-    QCOMPARE(background_at(2, 1), second_run);
-    QCOMPARE(background_at(1, 2), second_run);
-}
-
-void test_layout::covered_cells_know_their_place()
-{
-    layout_screen some(0);
-    add_described(*some.grid, "a b2x3");
-    const cell &covered = some.grid->cells.at({2, 1});
-    QVERIFY(covered.spanned);
-    QVERIFY(!covered.content);
-    QCOMPARE(covered.column, 2);
-    QCOMPARE(covered.row, 1);
-    QCOMPARE(covered.owner, some.grid);
-    QCOMPARE(covered.column_span, 1);
-    QCOMPARE(covered.row_span, 1);
-}
-
-void test_layout::empty_cells_have_backgrounds_of_their_own()
-{
-    layout_screen some(0);
-    some.grid->add_at(named_cell("z"), 1, 1, false);
-    QCOMPARE(drawn(*some.grid), QString("--|-z"));
-    add_described(*some.grid, "a");
-    QCOMPARE(drawn(*some.grid), QString("a.|.z"));
-    QSet<QWidget *> backgrounds;
-    for (const auto &[place, each] : some.grid->cells) {
-        backgrounds.insert(each.background());
-        QCOMPARE(each.owner, some.grid);
-        QCOMPARE(each.row, place.row);
-        QCOMPARE(each.column, place.column);
-        QVERIFY(!each.spanned);
-    }
-    QCOMPARE(backgrounds.size(), 4);
-}
-
-void test_layout::each_fill_makes_its_backgrounds_data()
-{
-    QTest::addColumn<QString>("before");
-    QTest::addColumn<int>("made");
-    // One for the covered cells of a run, one for each position that the lines have at that time.
-    QTest::newRow("no lines yet") << "" << 1;
-    QTest::newRow("one position") << "a" << 1 + 1;
-    QTest::newRow("full lines") << "a b* c d" << 1 + 4;
-    QTest::newRow("spans count once") << "a2x2" << 1 + 4;
-    QTest::newRow("a gap is another run") << "a* b c" << 1 + 4 + (1 + 4);
-    QTest::newRow("the second gap is a run in the run") << "a* b* c d" << 1 + 6 + 2 * (1 + 6);
-}
-
-void test_layout::each_fill_makes_its_backgrounds()
-{
-    QFETCH(QString, before);
-    QFETCH(int, made);
-    layout_screen some(0);
-    if (!before.isEmpty())
-        add_described(*some.grid, before);
-    const cell added = named_cell("z");
-    const int widgets = QApplication::allWidgets().size();
-    some.grid->add(added);
-    QCOMPARE(QApplication::allWidgets().size() - widgets, made);
 }
 
 void test_layout::sub_layout_comes_in_a_holder()

@@ -161,15 +161,7 @@ private slots:
     void single_precision_decides();
     void slot_of_a_span_is_the_sum_data();
     void slot_of_a_span_is_the_sum();
-    void first_column_width_counts_for_its_cell_alone();
-    void both_axes_are_placed_at_once();
-    void rows_stand_below_each_other();
-    void empty_cell_takes_no_room_in_its_row();
-    void covered_cell_takes_no_room_in_its_row();
-    void row_without_a_widget_takes_its_height();
-    void cells_before_the_first_line_stay();
     void place_beyond_an_int_is_the_farthest();
-    void alignment_has_no_effect();
 };
 
 void test_layout_geometry::content_stands_in_its_slot_data()
@@ -425,121 +417,6 @@ void test_layout_geometry::slot_of_a_span_is_the_sum()
     QTEST(some.area_of(tested.content), "expected");
 }
 
-void test_layout_geometry::first_column_width_counts_for_its_cell_alone()
-{
-    layout_screen some(QSize(300, 100));
-    cell wide;
-    wide.column_span = 2;
-    wide.first_column_width = 90;
-    const QWidget *spanning = some.add(wide).content;
-    cell next;
-    next.new_line = true;
-    const QWidget *behind = some.add(next).content;
-    const QWidget *below = some.add().content;
-    const QWidget *second_below = some.add().content;
-    cell narrow;
-    narrow.first_column_width = -5;
-    const QWidget *third_below = some.add(narrow).content;
-    some.grid->column_widths = {50, 60, 70};
-    some.grid->row_heights = {20, 30};
-    some.pass();
-    QCOMPARE(spanning->geometry(), QRect(0, 0, 150, 20));
-    QCOMPARE(behind->geometry(), QRect(150, 0, 70, 20));
-    QCOMPARE(below->geometry(), QRect(0, 20, 50, 30));
-    QCOMPARE(second_below->geometry(), QRect(50, 20, 60, 30));
-    QCOMPARE(third_below->geometry(), QRect(110, 20, 70, 30));
-}
-
-void test_layout_geometry::both_axes_are_placed_at_once()
-{
-    layout_screen some(QSize(300, 200));
-    cell wishes;
-    wishes.width = 100;
-    wishes.margin_right = 11;
-    wishes.margin_top = 12;
-    wishes.padding_left = 1;
-    wishes.padding_right = 2;
-    wishes.padding_top = 3;
-    wishes.padding_bottom = 4;
-    wishes.shift_x = 5;
-    wishes.shift_y = 6;
-    const cell &tested = some.add(wishes);
-    some.pass();
-    QCOMPARE(tested.content->geometry(), QRect(194, 21, 100, 181));
-    QCOMPARE(tested.background()->geometry(), QRect(188, 12, 103, 188));
-}
-
-void test_layout_geometry::rows_stand_below_each_other()
-{
-    layout_screen some(QSize(301, 201), 2);
-    QVector<QWidget *> widgets;
-    for (int i = 0; i < 6; ++i)
-        widgets << some.add().content;
-    some.grid->column_widths = {100, 0};
-    some.grid->row_heights = {0, 50, 0};
-    some.pass();
-    QCOMPARE(widgets[0]->geometry(), QRect(0, 0, 100, 75));
-    QCOMPARE(widgets[1]->geometry(), QRect(100, 0, 201, 75));
-    QCOMPARE(widgets[2]->geometry(), QRect(0, 75, 100, 50));
-    QCOMPARE(widgets[3]->geometry(), QRect(100, 75, 201, 50));
-    QCOMPARE(widgets[4]->geometry(), QRect(0, 125, 100, 75));
-    QCOMPARE(widgets[5]->geometry(), QRect(100, 125, 201, 75));
-}
-
-void test_layout_geometry::empty_cell_takes_no_room_in_its_row()
-{
-    layout_screen some(QSize(300, 40));
-    some.add();
-    const cell &empty = some.add_as_is(cell());
-    const QWidget *last = some.add().content;
-    some.grid->column_widths = {50, 60, 70};
-    some.pass();
-    QCOMPARE(empty.background()->geometry(), QRect(50, 0, 60, 40));
-    QCOMPARE(last->geometry(), QRect(50, 0, 70, 40));
-}
-
-void test_layout_geometry::covered_cell_takes_no_room_in_its_row()
-{
-    layout_screen some(QSize(300, 100), 3);
-    cell tall;
-    tall.row_span = 2;
-    const QWidget *spanning = some.add(tall).content;
-    some.add();
-    some.add();
-    const QWidget *beside = some.add().content;
-    some.grid->column_widths = {50, 60, 70};
-    some.grid->row_heights = {20, 30};
-    some.pass();
-    QVERIFY(some.grid->cells.at({0, 1}).spanned);
-    QCOMPARE(spanning->geometry(), QRect(0, 0, 50, 50));
-    QCOMPARE(beside->geometry(), QRect(0, 20, 60, 30));
-}
-
-void test_layout_geometry::row_without_a_widget_takes_its_height()
-{
-    layout_screen some(QSize(300, 100), 1);
-    some.add_as_is(cell());
-    const QWidget *second = some.add().content;
-    some.add_as_is(cell());
-    const QWidget *last = some.add().content;
-    some.grid->row_heights = {0, 20, 30, 0};
-    some.pass();
-    QCOMPARE(second->geometry(), QRect(0, 25, 300, 20));
-    QCOMPARE(last->geometry(), QRect(0, 75, 300, 25));
-}
-
-void test_layout_geometry::cells_before_the_first_line_stay()
-{
-    layout_screen some(QSize(300, 100));
-    some.add();
-    cell outside(new QWidget);
-    outside.content->setGeometry(1, 2, 3, 4);
-    some.grid->add_at(outside, -1, 0, true);
-    some.pass();
-    QCOMPARE(outside.content->geometry(), QRect(1, 2, 3, 4));
-    QVERIFY(!outside.background()->parent());
-}
-
 void test_layout_geometry::place_beyond_an_int_is_the_farthest()
 {
     layout_screen some(QSize(300, 200), 2);
@@ -549,18 +426,6 @@ void test_layout_geometry::place_beyond_an_int_is_the_farthest()
     QCOMPARE(far_right.content->x(), std::numeric_limits<int>::max() - QWIDGETSIZE_MAX);
     QCOMPARE(far_left.content->x(), std::numeric_limits<int>::min());
     QCOMPARE(far_right.content->width(), 50);
-}
-
-void test_layout_geometry::alignment_has_no_effect()
-{
-    layout_screen some(QSize(300, 100));
-    cell aligned;
-    aligned.setAlignment(Qt::AlignRight | Qt::AlignBottom);
-    aligned.width = 100;
-    const cell &stored = some.add(aligned);
-    some.pass();
-    QCOMPARE(stored.alignment(), Qt::AlignRight | Qt::AlignBottom);
-    QCOMPARE(stored.content->geometry(), QRect(100, 0, 100, 100));
 }
 
 KELVRA_TEST_MAIN(test_layout_geometry)
