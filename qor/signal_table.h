@@ -11,8 +11,8 @@ namespace qor
 ///
 /// `handled_signals` are those that end a program and that `stacktrace` reports, in the order in
 /// which it installs its handler. `signal_names` is indexed by the numbers of the system that the
-/// program is built for: `signal.h` of the Microsoft C runtime, signal(7) on Linux. A number without
-/// a signal, or with one that no program of this system gets, is "UNKNOWN".
+/// program is built for: `signal.h` of the Microsoft C runtime, signal(7) on Linux. A number
+/// without a signal, or with one that no program of this system gets, is "UNKNOWN".
 
 // clang-format off
 #ifdef _WIN32
