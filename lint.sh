@@ -20,6 +20,7 @@
 # are looked at closely, its tests and benchmarks for their format and their includes alone.
 set -eu
 cd "$(dirname "$0")"
+git rev-parse --git-dir >/dev/null  # what is looked at is what git lists
 
 steps="blanks format includes scripts documents desktop pictures clazy tidy"
 
@@ -58,7 +59,7 @@ prepare_build() {
     cmake --build --preset lint --target build_versions >"$work/build_log"
 }
 
-# The texts of licences stay as their authors wrote them.
+# The texts of licences stay as their authors wrote them. Files that git doesn't know yet wait.
 check_blanks() {
     no_files=$(git hash-object -t tree /dev/null)
     git -c core.whitespace=trailing-space,tab-in-indent diff --check "$no_files" -- . \
@@ -99,7 +100,8 @@ check_pictures() {
 }
 
 # non-pod-global-static: names of tags and tables stand as objects at the top of their sources. None
-# is made from another, and nobody reads them before main.
+# is made from another, and nobody reads them before main. Findings fail since the preset makes
+# errors of warnings.
 check_clazy() {
     prepare_build
     program_sources | on_each clazy-standalone -p build/lint \
@@ -130,5 +132,5 @@ esac
 packaging/install_packages.sh build lint artwork
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-trap 'exit 1' INT TERM
+trap 'exit 1' HUP INT TERM
 "check_$1"

@@ -6,11 +6,21 @@
 #
 # usage: packaging/build_package.sh
 #
-# The same commit gives the same bytes, wherever and whenever it is built.
+# Needs a full clone. The same commit gives the same bytes, wherever and whenever it is built, as
+# long as its tags and the packages of Debian are the same.
 set -eu
 cd "$(dirname "$0")/.."
 
 packaging/install_packages.sh build package
+
+if [ "$(git rev-parse --show-toplevel)" != "$(pwd -P)" ] ||
+    [ "$(git rev-parse --is-shallow-repository)" = true ]; then
+    echo "The package is built in a full clone: its versions and times come from the commits." >&2
+    exit 2
+fi
+if [ -n "$(git status --porcelain)" ]; then
+    echo "The package holds changes that aren't committed; the source archive doesn't."
+fi
 
 # All times in the packages are that of the commit.
 SOURCE_DATE_EPOCH=$(git log -1 --format=%ct)

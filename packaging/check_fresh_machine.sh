@@ -15,14 +15,14 @@ cd "$(dirname "$0")/.."
 need_root_user
 packaging/install_packages.sh roots
 
-scratch=$(mktemp --directory)
+scratch=$(realpath "$(mktemp --directory)")
 clean_up() {
     remove_root "$scratch/root"
     remove_root "$scratch/user"
-    rm -rf "$scratch"
+    rm -rf --one-file-system "$scratch"
 }
 trap clean_up EXIT
-trap 'exit 1' INT TERM
+trap 'exit 1' HUP INT TERM
 
 # What a new user types, in the folder of the clone. Without a display ./run.sh runs the
 # demonstration.

@@ -2,9 +2,10 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 #
 # Checks the Debian package of the last commit: built in two folders it has the same bytes, lintian
-# finds nothing, and in a fresh Debian 12 it is installed with all that it needs, a photo is loaded,
-# fixed and undone in the installed program, and its removal leaves nothing. Installs missing Debian
-# packages first, and says which.
+# finds nothing, it needs what it should and is hardened as Debian's packages are, and in a fresh
+# Debian 12 it is installed with all that it needs, a photo is loaded, fixed and undone in the
+# installed program, and its removal leaves nothing. Installs missing Debian packages first, and
+# says which.
 #
 # usage: packaging/check_package.sh
 #
@@ -16,16 +17,16 @@ cd "$(dirname "$0")/.."
 need_root_user
 packaging/install_packages.sh build package roots check_package
 
-scratch=$(mktemp --directory)
+scratch=$(realpath "$(mktemp --directory)")
 root=$scratch/root
 clean_up() {
     remove_root "$root"
-    rm -rf "$scratch"
+    rm -rf --one-file-system "$scratch"
 }
 trap clean_up EXIT
-trap 'exit 1' INT TERM
+trap 'exit 1' HUP INT TERM
 
-# Leaves in $1 what the last commit gives when it is built there.
+# Builds the last commit in the folder $1.
 build_in() {
     git clone --quiet --no-hardlinks . "$1"
     "$1/packaging/build_package.sh"
@@ -33,14 +34,58 @@ build_in() {
 
 build_twice() {
     build_in "$scratch/first"
-    build_in "$scratch/another folder/kelvra"
+    (
+        umask 077
+        export TZ=Asia/Kolkata LC_ALL=C
+        build_in "$scratch/another folder/kelvra"
+    )
     for file in "$scratch"/first/build/package/*.deb "$scratch"/first/build/package/*.tar.gz; do
         cmp "$file" "$scratch/another folder/kelvra/build/package/$(basename "$file")"
         echo "the same from both folders: $(sha256sum "$file" | cut -c 1-64) $(basename "$file")"
     done
+    rm -rf build/package
     mkdir -p build/package
     cp "$scratch"/first/build/package/*.deb "$scratch"/first/build/package/*.tar.gz build/package
     package=$(basename "$scratch"/first/build/package/*.deb)
+}
+
+complain() {
+    echo "$1" >&2
+    exit 1
+}
+
+# The names alone, without versions.
+check_dependencies() {
+    needed=$(dpkg-deb --field "build/package/$package" Depends |
+        sed 's/ *([^)]*)//g; s/, */\n/g' | LC_ALL=C sort)
+    [ "$needed" = "libc6
+libgcc-s1
+libimage-exiftool-perl
+libqt5core5a
+libqt5gui5 | libqt5gui5-gles
+libqt5widgets5
+libstdc++6
+qttranslations5-l10n" ] || complain "the package needs other packages than it should: $needed"
+}
+
+# What the flags of Debian leave in a program, and what the build should not.
+check_program() {
+    mkdir "$scratch/unpacked"
+    dpkg-deb --extract "build/package/$package" "$scratch/unpacked"
+    program=$scratch/unpacked/usr/lib/kelvra/kelvra
+    LC_ALL=C readelf --wide --file-header --program-headers --dynamic --dyn-syms "$program" \
+        >"$scratch/readelf"
+    for sign in 'Type: *DYN' GNU_RELRO BIND_NOW __stack_chk_fail '_chk@GLIBC'; do
+        grep -q "$sign" "$scratch/readelf" || complain "the program isn't hardened: no $sign"
+    done
+    ! grep -q "$scratch" "$program" || complain "the program names the folder that it was built in"
+}
+
+check_source_archive() {
+    tar --list --file "$(echo build/package/*.tar.gz)" >"$scratch/sources"
+    for license in LICENSE packaging/licenses/LGPL-3.txt packaging/licenses/FreeSans.txt; do
+        grep -q "/$license\$" "$scratch/sources" || complain "the source archive lacks $license"
+    done
 }
 
 # The files and links of the package, as paths below the root.
@@ -53,9 +98,10 @@ install_in_fresh_root() {
     run_in_root "$root" useradd --create-home anna
     cp "build/package/$package" "$root/srv"
     run_in_root "$root" apt-get update
+    list_root >"$scratch/files_before"
     run_in_root "$root" apt-get install --yes --no-install-recommends "/srv/$package"
     for file in $(files_of_package); do
-        [ -e "$root$file" ] || run_in_root "$root" test -e "$file"
+        run_in_root "$root" test -e "$file" || complain "the installation lacks $file"
     done
 }
 
@@ -67,25 +113,26 @@ use_in_root() {
         /srv/packaging/use_installed.sh
 }
 
-# What users keep in their homes stays theirs.
+# What stands in the root, but for the notes of the package tools and what belongs to users.
+list_root() {
+    (cd "$root" && find . -xdev \( -path ./home -o -path ./proc -o -path ./tmp -o -path ./srv \
+        -o -path ./var/cache -o -path ./var/lib/apt -o -path ./var/lib/dpkg -o -path ./var/log \
+        \) -prune -o -print) | LC_ALL=C sort
+}
+
 remove_from_root() {
-    rm -r "$root/srv"
-    run_in_root "$root" apt-get purge --yes kelvra
-    for file in $(files_of_package); do
-        if [ -e "$root$file" ] || [ -L "$root$file" ]; then
-            echo "the removal left $file" >&2
-            exit 1
-        fi
-    done
-    left=$(find "$root" -xdev -path "$root/home" -prune -o -path "$root/proc" -prune \
-        -o -iname '*kelvra*' -print)
-    if [ -n "$left" ]; then
-        echo "the removal left: $left" >&2
-        exit 1
-    fi
+    run_in_root "$root" apt-get purge --yes --autoremove kelvra
+    list_root >"$scratch/files_after"
+    diff "$scratch/files_before" "$scratch/files_after" >"$scratch/left" || {
+        cat "$scratch/left" >&2
+        complain "the removal left something behind, or took something with it"
+    }
 }
 
 build_twice
+check_source_archive
+check_dependencies
+check_program
 lintian --fail-on error,warning "build/package/$package"
 install_in_fresh_root
 use_in_root

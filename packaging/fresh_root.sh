@@ -4,11 +4,15 @@
 # Debian 12 in a folder of its own, for the scripts that try things on a fresh machine. They are run
 # by root. Sourced, not run.
 
+# All users of the root read what is put there.
+umask 022
+
 debian_mirror=${DEBIAN_MIRROR:-http://deb.debian.org/debian}
 security_mirror=${DEBIAN_SECURITY_MIRROR:-http://deb.debian.org/debian-security}
 
 # Makes the folder $1 a root with the least of packages, and the packages $2 (with commas between).
 make_fresh_root() {
+    mkdir -p "$1"
     debootstrap --variant=minbase --include="$2" bookworm "$1" "$debian_mirror"
     cat >"$1/etc/apt/sources.list" <<END
 deb $debian_mirror bookworm main
@@ -22,18 +26,18 @@ END
 
 # Runs the command $2... in the root $1, with nothing of this machine's environment.
 run_in_root() {
-    root=$1
+    new_root=$1
     shift
-    chroot "$root" /usr/bin/env -i HOME=/root LC_ALL=C.UTF-8 DEBIAN_FRONTEND=noninteractive \
+    chroot "$new_root" /usr/bin/env -i HOME=/root LC_ALL=C.UTF-8 DEBIAN_FRONTEND=noninteractive \
         PATH=/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin "$@"
 }
 
 # The same as the user $2, in whose home the command begins.
 run_in_root_as() {
-    root=$1
+    new_root=$1
     user=$2
     shift 2
-    run_in_root "$root" runuser --user "$user" -- \
+    run_in_root "$new_root" runuser --user "$user" -- \
         env --chdir="/home/$user" "HOME=/home/$user" "$@"
 }
 
@@ -44,7 +48,7 @@ remove_root() {
         "$1" | "$1"/*) kill -9 "${process#/proc/}" 2>/dev/null || true ;;
         esac
     done
-    for folder in "$1/proc" "$1/dev/pts"; do
+    for folder in "$1/proc" "$1/dev/pts" "$1/sys"; do
         if mountpoint --quiet "$folder"; then
             umount --lazy "$folder"
         fi

@@ -1,13 +1,14 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 
 # Links the metadata tool into the installed program's folder, under the name that it is started by:
-# with a relative path where both lie below the prefix, as in a package of the system.
+# with a relative path where both lie below the prefix, as in a package of the system. Not below the
+# root itself: what stands there may be a link to a folder elsewhere, from which ".." leads astray.
 #
 # Runs in an installation, with `exiftool_program` and `private_folder` set.
 
 set(target "${exiftool_program}")
 cmake_path(IS_PREFIX CMAKE_INSTALL_PREFIX "${exiftool_program}" tool_is_near)
-if(tool_is_near)
+if(tool_is_near AND NOT CMAKE_INSTALL_PREFIX MATCHES "^/?$")
     cmake_path(RELATIVE_PATH target BASE_DIRECTORY "${CMAKE_INSTALL_PREFIX}/${private_folder}")
 endif()
 

@@ -93,6 +93,7 @@ void test_installation::stage_stands_before_the_prefix_data()
     QTest::addColumn<QString>("prefix");
     QTest::addColumn<QString>("tool");
     QTest::newRow("far from the tool") << "/opt/kelvra" << EXIFTOOL_PROGRAM;
+    QTest::newRow("the root itself") << "/" << EXIFTOOL_PROGRAM;
     const QString near_tool = QFileInfo(QFileInfo(EXIFTOOL_PROGRAM).path()).path();
     QTest::newRow("beside the tool") << near_tool << "../../bin/exiftool";
 }
