@@ -93,13 +93,21 @@ files_of_package() {
     dpkg-deb --fsys-tarfile "build/package/$package" | tar --list | grep -v '/$' | cut -c 2-
 }
 
+install_package() {
+    run_in_root "$root" apt-get install --yes --no-install-recommends "/srv/$package"
+}
+
+remove_package() {
+    run_in_root "$root" apt-get purge --yes kelvra
+}
+
+# What the package needs comes with it, and stays for the comparison behind its removal.
 install_in_fresh_root() {
     make_fresh_root "$root" xauth,xvfb,openbox,xdotool
     run_in_root "$root" useradd --create-home anna
     cp "build/package/$package" "$root/srv"
     run_in_root "$root" apt-get update
-    list_root >"$scratch/files_before"
-    run_in_root "$root" apt-get install --yes --no-install-recommends "/srv/$package"
+    install_package
     for file in $(files_of_package); do
         run_in_root "$root" test -e "$file" || complain "the installation lacks $file"
     done
@@ -120,13 +128,15 @@ list_root() {
         \) -prune -o -print) | LC_ALL=C sort
 }
 
-remove_from_root() {
-    run_in_root "$root" apt-get purge --yes --autoremove kelvra
+leaves_nothing() {
+    remove_package
+    list_root >"$scratch/files_before"
+    install_package
+    use_in_root
+    remove_package
     list_root >"$scratch/files_after"
-    diff "$scratch/files_before" "$scratch/files_after" >"$scratch/left" || {
-        cat "$scratch/left" >&2
+    diff "$scratch/files_before" "$scratch/files_after" ||
         complain "the removal left something behind, or took something with it"
-    }
 }
 
 build_twice
@@ -135,6 +145,5 @@ check_dependencies
 check_program
 lintian --fail-on error,warning "build/package/$package"
 install_in_fresh_root
-use_in_root
-remove_from_root
+leaves_nothing
 echo "$package holds what it should."
