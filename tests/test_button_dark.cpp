@@ -62,6 +62,7 @@ private slots:
     void takes_text_and_parent();
     void sheet_has_each_skin_and_alignment_data();
     void sheet_has_each_skin_and_alignment();
+    void skin_may_name_the_alignment();
     void setters_keep_each_others_values();
     void flags_are_taken_in_their_order_data();
     void flags_are_taken_in_their_order();
@@ -134,6 +135,14 @@ void test_button_dark::sheet_has_each_skin_and_alignment()
     QCOMPARE(sheet.count("url(:/gui/button/" + skin + "_"), 3);
     button.set_flags(false, false, true);
     QCOMPARE(button.styleSheet(), filled(face_sheet, skin, align));
+}
+
+void test_button_dark::skin_may_name_the_alignment()
+{
+    button_dark button(nullptr);
+    button.set_skin("%2/dark");
+    button.set_text_align("left");
+    QVERIFY(button.styleSheet().contains("url(:/gui/button/left/dark_normal.png)"));
 }
 
 void test_button_dark::setters_keep_each_others_values()

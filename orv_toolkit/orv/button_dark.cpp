@@ -299,7 +299,9 @@ void button_dark::rebuild_sheet()
     QString sheet = sheet_template;
     if (use_checked_sheet)
         sheet += sheet_checked;
-    setStyleSheet(sheet.arg(skin, text_align));
+    // One after the other: a "%2" in the name of a skin stands for the alignment too.
+    sheet = sheet.arg(skin);
+    setStyleSheet(sheet.arg(text_align));
 }
 
 bool button_dark::unchecks_on_click() const
