@@ -53,7 +53,7 @@ find_main_window
 select_photos "$photos"
 xdotool key Return
 wait_until is_active "$main"
-sleep 1
+sleep 2
 
 type_shift 0 Tab Tab Tab 1
 point_at_fix

@@ -5,21 +5,9 @@
 # by scripts, not run. They set `scale`, the pixels of the display for one of the program's, and have
 # picture_of_failure, which is called when something was waited for in vain.
 
-# Without frames, so that a list that reaches out of its dialog has nothing foreign around it.
-start_window_manager() {
-    mkdir -p "$HOME/.config/openbox"
-    cat >"$HOME/.config/openbox/rc.xml" <<'END'
-<openbox_config xmlns="http://openbox.org/3.4/rc">
-  <keyboard><keybind key="A-F4"><action name="Close"/></keybind></keyboard>
-  <applications><application class="*"><decor>no</decor></application></applications>
-</openbox_config>
-END
-    openbox 2>/dev/null &
-}
-
-# Waits ten seconds for the command $@ to succeed.
+# Waits half a minute for the command $@ to succeed.
 wait_until() {
-    tries=200
+    tries=600
     until "$@"; do
         tries=$((tries - 1))
         if [ "$tries" -eq 0 ]; then
@@ -29,6 +17,24 @@ wait_until() {
         fi
         sleep 0.05
     done
+}
+
+has_window_manager() {
+    xdotool get_num_desktops >/dev/null 2>&1
+}
+
+# A window that comes up before the manager does may stay unseen, so this waits for it. Without
+# frames, so that a list that reaches out of its dialog has nothing foreign around it.
+start_window_manager() {
+    mkdir -p "$HOME/.config/openbox"
+    cat >"$HOME/.config/openbox/rc.xml" <<'END'
+<openbox_config xmlns="http://openbox.org/3.4/rc">
+  <keyboard><keybind key="A-F4"><action name="Close"/></keybind></keyboard>
+  <applications><application class="*"><decor>no</decor></application></applications>
+</openbox_config>
+END
+    openbox 2>/dev/null &
+    wait_until has_window_manager
 }
 
 active_window() {
@@ -43,9 +49,14 @@ is_another_active() {
     window=$(active_window) && [ "$window" != "$1" ]
 }
 
+is_main_window_up() {
+    main=$(xdotool search --onlyvisible --name '^Kelvra$' 2>/dev/null | tail -n 1)
+    [ -n "$main" ]
+}
+
 # Puts the program's window into `main`, once it has come up, and moves it to a fixed place.
 find_main_window() {
-    main=$(xdotool search --sync --onlyvisible --name '^Kelvra$' | tail -n 1)
+    wait_until is_main_window_up
     wait_until is_active "$main"
     xdotool windowmove --sync "$main" 40 40
     sleep 0.5
