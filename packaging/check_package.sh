@@ -131,6 +131,7 @@ list_root() {
 leaves_nothing() {
     remove_package
     list_root >"$scratch/files_before"
+    ! grep -i kelvra "$scratch/files_before" || complain "the removal left what is named above"
     install_package
     use_in_root
     remove_package
