@@ -81,6 +81,7 @@ MainWindow::MainWindow(QWidget *parent) : QMainWindow(parent), ui(new main_windo
     build_header();
     setup_table();
     connect_drop();
+    progress.watch(this);
     make_fix_progress();
     make_load_progress();
     connect_controls();
@@ -222,6 +223,7 @@ orv::progress_dialog *MainWindow::make_progress(const QString &label)
 {
     auto *dialog = new orv::progress_dialog(this);
     dialog->set_up(tr("Please Wait"), label, tr("%v of %m"));
+    progress.watch(dialog);
     return dialog;
 }
 

@@ -2,9 +2,9 @@
 
 #pragma once
 
+#include "batch_progress.h"
 #include "undo_entry.h"
 
-#include <QElapsedTimer>
 #include <QList>
 #include <QMainWindow>
 #include <QMap>
@@ -115,13 +115,5 @@ private:
 
     bool wants_to_continue();
 
-    /// Shows the dialog of a batch. Its owner resets it at the end: a batch without a step, or one
-    /// that an emptied table ends, never reaches the value that hides it.
-    void start_progress(orv::progress_dialog *dialog, int steps);
-
-    /// Sets the value. The dialog is painted with the first one, the last one, and when a frame's
-    /// time has passed: for each value it would cost a good part of what the tool takes for a file.
-    void step_progress(orv::progress_dialog *dialog, int value);
-
-    QElapsedTimer progress_frame;  ///< since the last painting of a progress dialog, if any
+    batch_progress progress;  ///< of load, fix and undo
 };

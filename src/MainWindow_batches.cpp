@@ -7,7 +7,6 @@
 #include "orv/button_dark.h"
 #include "orv/exiftool.h"
 #include "orv/message_box.h"
-#include "orv/progress_dialog.h"
 #include "table_data_model.h"
 
 #include <QCoreApplication>
@@ -38,9 +37,9 @@ void MainWindow::on_button_fix_time_clicked()
         return;
     undo_map.clear();
     button_undo->setEnabled(false);
-    start_progress(progress_fix, model->rowCount());
+    progress.start(progress_fix, model->rowCount());
     const QStringList failed_files = fix_all_rows();
-    progress_fix->reset();
+    progress.end(progress_fix);
     if (!failed_files.isEmpty() && !keeps_changes(failed_files))
         on_button_undo_clicked();
     button_undo->setEnabled(!undo_map.isEmpty());
@@ -51,14 +50,14 @@ void MainWindow::on_button_undo_clicked()
 {
     // A fix can be started between two files; it must not take the map away from under the loop.
     const QMap<QString, QList<undo_entry>> batch = undo_map;
-    start_progress(progress_fix, batch.size());
+    progress.start(progress_fix, batch.size());
     int done = 0;
     for (auto file = batch.begin(); file != batch.end(); ++file) {
         orv::exiftool::instance()->write_tags(file.key(), undo_tags(file.value()));
-        step_progress(progress_fix, ++done);
+        progress.step(progress_fix, ++done, batch.size());
         QCoreApplication::processEvents();
     }
-    progress_fix->reset();
+    progress.end(progress_fix);
     undo_map.clear();
     button_undo->setEnabled(false);
 }
@@ -127,7 +126,7 @@ QStringList MainWindow::fix_all_rows()
         const bool has_times = photo.old_time.isValid() && photo.new_time.isValid();
         if (has_times && !fix_photo(photo))
             failed_files << photo.path;
-        step_progress(progress_fix, row + 1);
+        progress.step(progress_fix, row + 1, model->rowCount());
         QCoreApplication::processEvents();
     }
     return failed_files;

@@ -2,9 +2,9 @@
 
 #include "MainWindow.h"
 
+#include "drop_files_widget.h"
 #include "folder_files.h"
 #include "main_window_form.h"
-#include "orv/progress_dialog.h"
 #include "orv/tag_catalogue.h"
 #include "table_data_model.h"
 
@@ -12,18 +12,14 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QFileOpenEvent>
-#include <QHeaderView>
 #include <QSettings>
-#include <QSignalBlocker>
 #include <QStandardPaths>
-#include <QTableView>
 
 namespace
 {
 
 constexpr char last_load_path_key[] = "last_load_path";
 constexpr int repaint_limit_ms = 50;
-constexpr int frame_length_ms = 200;
 
 /// The patterns of all the files that the metadata tool opens, a blank behind each.
 QString supported_patterns()
@@ -33,6 +29,32 @@ QString supported_patterns()
         patterns += QString("*.%1 ").arg(QString::fromStdString(extension));
     return patterns;
 }
+
+/// Makes the drop area refuse drops while this lives. The window system delivers them even while
+/// the user's input waits, and a load inside of another would take its progress.
+class drops_refused : public QObject
+{
+public:
+    explicit drops_refused(QWidget &area) : area(area), accepted_before(area.acceptDrops())
+    {
+        area.setAcceptDrops(false);
+        area.installEventFilter(this);
+    }
+    ~drops_refused() override { area.setAcceptDrops(accepted_before); }
+
+    drops_refused(const drops_refused &) = delete;
+    drops_refused &operator=(const drops_refused &) = delete;
+
+    /// The drop of a drag that came in before still arrives.
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        return event->type() == QEvent::Drop || QObject::eventFilter(watched, event);
+    }
+
+private:
+    QWidget &area;
+    bool accepted_before;
+};
 
 }  // namespace
 
@@ -46,19 +68,16 @@ bool MainWindow::event(QEvent *e)
 
 void MainWindow::load_files(QStringList filenames)
 {
-    start_progress(progress_load, filenames.size());
-    // Painting the table for each row would cost as much time as the tool takes for a file. It
-    // isn't laid out for each either: the sort at the end does that once.
-    ui->tableView->setUpdatesEnabled(false);
-    const QSignalBlocker rows_wait(ui->tableView->verticalHeader());
+    const drops_refused refusal(*ui->widget_dropper);
+    const int count = filenames.size();
+    progress.start(progress_load, count);
     int loaded = 0;
     for (const QString &file : qAsConst(filenames)) {
         model->add_file(file, true);
-        step_progress(progress_load, ++loaded);
+        progress.step(progress_load, ++loaded, count);
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, repaint_limit_ms);
     }
-    progress_load->reset();
-    ui->tableView->setUpdatesEnabled(true);
+    progress.end(progress_load);
     model->resort();
 }
 
@@ -83,24 +102,4 @@ void MainWindow::read_last_load_path()
 void MainWindow::write_last_load_path()
 {
     QSettings().setValue(last_load_path_key, last_load_path);
-}
-
-void MainWindow::start_progress(orv::progress_dialog *dialog, int steps)
-{
-    dialog->setUpdatesEnabled(true);
-    dialog->setRange(0, steps);
-    dialog->setValue(0);
-    QCoreApplication::processEvents();
-    progress_frame.invalidate();
-}
-
-void MainWindow::step_progress(orv::progress_dialog *dialog, int value)
-{
-    const bool frame_is_due = !progress_frame.isValid() ||
-                              progress_frame.hasExpired(frame_length_ms) ||
-                              value == dialog->maximum();
-    dialog->setUpdatesEnabled(frame_is_due);
-    dialog->setValue(value);
-    if (frame_is_due)
-        progress_frame.start();
 }

@@ -5,6 +5,7 @@
 #include "MainWindow.h"
 #include "datetime_format.h"
 #include "drop_files_widget.h"
+#include "photo_table.h"
 #include "time_adjustment.h"
 
 #include <QGridLayout>
@@ -133,7 +134,7 @@ void main_window_form::build_panels()
 
 void main_window_form::build_table()
 {
-    tableView = add_widget<QTableView>(widget_content, "tableView");
+    tableView = add_widget<photo_table>(widget_content, "tableView");
     tableView->setFocusPolicy(Qt::NoFocus);
     tableView->setStyleSheet(table_sheet);
     tableView->setFrameShape(QFrame::NoFrame);

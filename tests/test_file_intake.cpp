@@ -20,7 +20,6 @@ private slots:
 
     void dropped_files_become_rows();
     void dropped_folder_gives_its_files_of_any_type();
-    void progress_is_painted_from_the_first_file_on();
     void table_is_laid_out_behind_a_load();
     void drop_without_files_sorts_again();
     void opened_file_becomes_a_row_data();
@@ -76,18 +75,6 @@ void test_file_intake::dropped_folder_gives_its_files_of_any_type()
     road.make_photo("inner/d.jpg", {});
     drop_photos(*road.window, {road.folder->path()});
     QCOMPARE(shown_names(*road.window), QStringList({"a.jpg", "b.txt", "c"}));
-}
-
-void test_file_intake::progress_is_painted_from_the_first_file_on()
-{
-    const QStringList paths = {road.make_photo("a.jpg", {}), road.make_photo("b.jpg", {})};
-    const orv::progress_dialog &dialog = *road.window->progress_load;
-    progress_watch progress(dialog);
-    QList<bool> painted;
-    for (const int value : {1, 2})
-        progress.at(value, [&] { painted << dialog.updatesEnabled(); });
-    drop_photos(*road.window, paths);
-    QCOMPARE(painted, QList<bool>({true, true}));
 }
 
 void test_file_intake::table_is_laid_out_behind_a_load()

@@ -47,7 +47,6 @@ private slots:
     void user_input_is_taken_between_two_rows();
     void cleared_list_ends_the_batch();
     void cleared_list_hides_the_progress();
-    void progress_is_painted_from_the_start_after_a_batch_that_ended_early();
     void cleared_list_before_the_first_row_leaves_nothing_to_do();
     void second_fix_runs_inside_of_the_first();
     void undo_is_not_to_be_had_meanwhile();
@@ -138,26 +137,6 @@ void test_fix_interruptions::cleared_list_hides_the_progress()
     progress.at(1, [&] { click_soon(window.button_reset); });
     click(window.button_fix_time);
     QVERIFY(!window.progress_fix->isVisible());
-}
-
-void test_fix_interruptions::progress_is_painted_from_the_start_after_a_batch_that_ended_early()
-{
-    MainWindow &window = *road.window;
-    {
-        progress_watch progress(*window.progress_fix);
-        progress.at(1, [&] {
-            window.progress_fix->setUpdatesEnabled(false);
-            click_soon(window.button_reset);
-        });
-        click(window.button_fix_time);
-    }
-    road.load_dated_photo("d");
-    QList<bool> painted;
-    progress_watch progress(*window.progress_fix);
-    for (const int value : {0, 1})
-        progress.at(value, [&] { painted << window.progress_fix->updatesEnabled(); });
-    click(window.button_fix_time);
-    QCOMPARE(painted, QList<bool>({true, true}));
 }
 
 void test_fix_interruptions::cleared_list_before_the_first_row_leaves_nothing_to_do()

@@ -14,6 +14,7 @@
 
 #include <cstring>
 #include <iostream>
+#include <utility>
 
 namespace orv
 {
@@ -55,6 +56,14 @@ bool ends_with_marker(const QByteArray &bytes, const QByteArray &marker)
                        static_cast<std::size_t>(marker.size())) == 0;
 }
 
+std::function<void()> on_request_sent;  ///< outlives the tool, which uses it to its end
+
+void tell_request_sent()
+{
+    if (on_request_sent)
+        on_request_sent();
+}
+
 void print_tags(const QString &file, const tag_map &tags)
 {
     std::cout << file.toStdString() << " {";
@@ -82,6 +91,11 @@ exiftool::interrupted_request_guard::~interrupted_request_guard()
         tool->quits_in_time();
 }
 
+void exiftool::set_request_sent(std::function<void()> action)
+{
+    on_request_sent = std::move(action);
+}
+
 exiftool::exiftool(construction_key) : ready_marker(ready_text)
 {
     const QString path = program_path();
@@ -97,6 +111,7 @@ exiftool::exiftool(construction_key) : ready_marker(ready_text)
     connect(
         proc, &QProcess::readyReadStandardError, this, [this] { relay_standard_error(); },
         Qt::DirectConnection);
+    connect(proc, &QProcess::bytesWritten, this, tell_request_sent);
     proc->setReadChannel(QProcess::StandardOutput);
     proc->start(path, arguments, QIODevice::ReadWrite | QIODevice::Text | QIODevice::Unbuffered);
     started = proc->waitForStarted(start_timeout_ms);
@@ -191,6 +206,7 @@ void exiftool::set_quiet(bool on)
 
 bool exiftool::quits_in_time()
 {
+    on_request_sent = nullptr;  // nobody is left to do anything meanwhile
     write_to_proc("-stay_open\nFalse\n");
     return proc->waitForFinished(quit_timeout_ms);
 }
@@ -227,9 +243,12 @@ QString exiftool::read_until_ready()
     const QByteArray marker = ready_marker.toLocal8Bit();
     QByteArray reply;
     do {
-        if (proc->waitForReadyRead(reply_wait_ms))
+        if (proc->waitForReadyRead(reply_wait_ms)) {
             reply += proc->readAll();
-        else if (!quiet)
+            continue;
+        }
+        tell_request_sent();
+        if (!quiet)
             print_line("Warning: Exiftool didn't supply any data in the last 1000 msec.");
     } while (!ends_with_marker(reply, marker));
     return text_of(reply);

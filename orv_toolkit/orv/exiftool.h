@@ -7,6 +7,7 @@
 #include <QObject>
 #include <QString>
 
+#include <functional>
 #include <memory>
 #include <mutex>
 
@@ -40,6 +41,11 @@ public:
     /// of the program. It is destroyed at the end of the process, which ends the tool; a signal
     /// inside of a request has the tool quit behind that request.
     static std::shared_ptr<exiftool> instance();
+
+    /// Has `action` called each time that a part of a request has gone down to the tool, and when a
+    /// second has brought no reply: what it does costs no time, since the tool works meanwhile. It
+    /// must make no request and run no event loop. An empty one ends that. Doesn't start the tool.
+    static void set_request_sent(std::function<void()> action);
 
     /// For `instance` alone. A tool that can't be started is reported on the standard streams;
     /// from then on reads give no tags and writes seem to succeed.

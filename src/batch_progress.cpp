@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "batch_progress.h"
+
+#include "orv/exiftool.h"
+#include "orv/progress_dialog.h"
+
+#include <QAbstractEventDispatcher>
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QThread>
+#include <QWindow>
+
+namespace
+{
+
+constexpr int expose_limit_ms = 1000;
+constexpr int expose_poll_ms = 1;
+
+/// Until the window system has shown the dialog and it is painted: during a request it couldn't be.
+/// The window manager takes the time that it needs, and a minimised program isn't shown at all.
+void wait_until_painted(const QWidget &dialog)
+{
+    QElapsedTimer waited;
+    waited.start();
+    while (!dialog.windowHandle()->isExposed() && !dialog.parentWidget()->isMinimized() &&
+           !waited.hasExpired(expose_limit_ms)) {
+        QThread::msleep(expose_poll_ms);
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    }
+}
+
+}  // namespace
+
+batch_progress::batch_progress()
+{
+    orv::exiftool::set_request_sent([this] { paint_collected(); });
+    connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
+            [this] {
+                if (collects)
+                    paint_collected();
+            });
+}
+
+batch_progress::~batch_progress()
+{
+    orv::exiftool::set_request_sent(nullptr);
+}
+
+void batch_progress::watch(QWidget *window)
+{
+    windows << window;
+    window->installEventFilter(this);
+}
+
+void batch_progress::start(orv::progress_dialog *dialog, int steps)
+{
+    paint_collected();
+    dialog->setRange(0, steps);
+    dialog->setValue(0);
+    QCoreApplication::processEvents();
+    if (steps > 0 && dialog->isVisible())
+        wait_until_painted(*dialog);
+}
+
+void batch_progress::step(orv::progress_dialog *dialog, int done, int steps)
+{
+    if (collects)
+        paint_collected();
+    const bool was_visible = dialog->isVisible();
+    collects = done < steps;
+    dialog->setRange(0, steps);
+    dialog->setValue(done);
+    if (dialog->isVisible() && !was_visible)
+        wait_until_painted(*dialog);
+}
+
+void batch_progress::end(orv::progress_dialog *dialog)
+{
+    paint_collected();
+    dialog->reset();
+}
+
+bool batch_progress::eventFilter(QObject *watched, QEvent *event)
+{
+    return (collects && event->type() == QEvent::UpdateRequest) ||
+           QObject::eventFilter(watched, event);
+}
+
+/// Windows without anything to paint do nothing.
+void batch_progress::paint_collected()
+{
+    collects = false;
+    for (QWidget *window : qAsConst(windows)) {
+        QEvent request(QEvent::UpdateRequest);
+        QCoreApplication::sendEvent(window, &request);
+    }
+}

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QList>
+#include <QObject>
+
+class QWidget;
+
+namespace orv
+{
+class progress_dialog;
+}  // namespace orv
+
+/// Shows how far a batch is, and chooses the moment at which its windows are painted.
+///
+/// Lives on the GUI thread. Painting after each step, before the next request, would keep the
+/// metadata tool idle. So from a step on the repaint requests of the watched windows are collected,
+/// and delivered as soon as the next request has gone down to the tool: they are painted while it
+/// works, and show the exact state for as long as the program waits. A step that isn't followed by
+/// a request is painted at the start of the next one, the last step at once. Nothing is collected
+/// while the program waits for events, and what the window system exposes is painted at once.
+class batch_progress : public QObject
+{
+    Q_OBJECT
+
+public:
+    batch_progress();
+    ~batch_progress() override;
+
+    batch_progress(const batch_progress &) = delete;
+    batch_progress &operator=(const batch_progress &) = delete;
+
+    /// Chooses when this window is painted; borrowed, it must outlive the last batch.
+    void watch(QWidget *window);
+
+    /// Shows the dialog of a batch with no step done, and serves events once, the user's included.
+    /// Returns when the dialog is painted, or a second later if it can't be.
+    void start(orv::progress_dialog *dialog, int steps);
+
+    /// Shows that `done` of so many steps are done; serves no events. A dialog that was hidden by a
+    /// batch inside of this one comes up again, and is painted as at the start.
+    void step(orv::progress_dialog *dialog, int done, int steps);
+
+    /// Hides the dialog: a batch without a step, or one that an emptied table ends, never reaches
+    /// the value that hides it.
+    void end(orv::progress_dialog *dialog);
+
+    /// Keeps the repaint requests from the windows while it collects: each window remembers by
+    /// itself what is to be painted.
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void paint_collected();
+
+    QList<QWidget *> windows;  ///< those watched
+    bool collects = false;
+};

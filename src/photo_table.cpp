@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "photo_table.h"
+
+#include <QHeaderView>
+#include <QScrollBar>
+
+photo_table::photo_table(QWidget *parent) : QTableView(parent)
+{
+    // What the new row needs is done in `rowsInserted`.
+    disconnect(verticalHeader(), &QHeaderView::sectionCountChanged, this, nullptr);
+}
+
+void photo_table::setModel(QAbstractItemModel *model)
+{
+    QTableView::setModel(model);
+    connect(model, &QAbstractItemModel::rowsAboutToBeInserted, this,
+            &photo_table::carry_out_layouts);
+}
+
+void photo_table::rowsInserted(const QModelIndex &parent, int first, int last)
+{
+    QTableView::rowsInserted(parent, first, last);
+    verticalScrollBar()->setRange(0, verticalHeader()->length() - viewport()->height());
+    const int top = rowViewportPosition(first);
+    const int bottom = rowViewportPosition(last) + rowHeight(last);
+    viewport()->update(0, top, viewport()->width(), bottom - top);
+}
+
+/// The table can be painted while a row comes in. A layout that was put off until then would count
+/// the row, and the end of the insertion count it once more.
+void photo_table::carry_out_layouts()
+{
+    executeDelayedItemsLayout();
+    verticalHeader()->visualIndexAt(0);  // as above, by a question that needs the places
+}
