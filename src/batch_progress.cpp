@@ -16,9 +16,11 @@ namespace
 
 constexpr int expose_limit_ms = 1000;
 constexpr int expose_poll_ms = 1;
+constexpr int settle_limit_ms = 50;
 
-/// Until the window system has shown the dialog and it is painted: during a request it couldn't be.
-/// The window manager takes the time that it needs, and a minimised program isn't shown at all.
+/// Until the window system has shown the dialog, and it is painted and all that it uncovered:
+/// during a request that couldn't be. The window manager takes the time that it needs, and a
+/// minimised program isn't shown at all.
 void wait_until_painted(const QWidget &dialog)
 {
     QElapsedTimer waited;
@@ -28,6 +30,7 @@ void wait_until_painted(const QWidget &dialog)
         QThread::msleep(expose_poll_ms);
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     }
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, settle_limit_ms);
 }
 
 }  // namespace

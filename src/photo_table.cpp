@@ -7,8 +7,12 @@
 
 photo_table::photo_table(QWidget *parent) : QTableView(parent)
 {
-    // What the new row needs is done in `rowsInserted`.
+    // The base class would lay itself out; what a new row needs is done in `rowsInserted`.
     disconnect(verticalHeader(), &QHeaderView::sectionCountChanged, this, nullptr);
+    connect(verticalHeader(), &QHeaderView::sectionCountChanged, this, [this](int before, int now) {
+        if (now < before)
+            scheduleDelayedItemsLayout();
+    });
 }
 
 void photo_table::setModel(QAbstractItemModel *model)

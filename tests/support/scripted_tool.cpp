@@ -32,6 +32,22 @@ void scripted_tool::script(const QString &moment, const QStringList &actions)
     write("script/" + moment, actions.join("\n").toUtf8() + "\n");
 }
 
+void scripted_tool::hold(int request)
+{
+    const QString number = QString::number(request);
+    script(number, {"touch held_" + number, "await go_" + number, "answer"});
+}
+
+bool scripted_tool::holds(int request) const
+{
+    return has_touched(QString("held_%1").arg(request));
+}
+
+void scripted_tool::let_go(int request)
+{
+    touch(QString("go_%1").arg(request));
+}
+
 QByteArray scripted_tool::input() const
 {
     return read("input");

@@ -19,7 +19,8 @@
 ///
 /// A script is a list of lines: `out TEXT` and `err TEXT` (with \n, \r, \t, \0, \\ and \xHH),
 /// `fill N` and `fill_err N` (N bytes "x"), `wait MS`, `touch NAME`, `await NAME` (until the test
-/// has touched it), `signal NUMBER` (to itself), `exit STATUS`, `hang`.
+/// has touched it), `answer` (as without a script), `signal NUMBER` (to itself), `exit STATUS`,
+/// `hang`.
 class scripted_tool
 {
 public:
@@ -31,6 +32,13 @@ public:
 
     /// @param moment  the number of a request, from 1, or "next", "start" or "quit"
     void script(const QString &moment, const QStringList &actions);
+
+    /// Makes the tool wait at this request until `let_go`, and answer it then.
+    void hold(int request);
+
+    /// Whether it waits there, or has done so.
+    bool holds(int request) const;
+    void let_go(int request);
 
     /// Everything received since the start or the last `forget`.
     QByteArray input() const;

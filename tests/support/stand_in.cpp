@@ -81,43 +81,6 @@ void await(const std::string &name)
         std::this_thread::sleep_for(std::chrono::milliseconds(5));
 }
 
-void run_action(const std::string &line)
-{
-    const std::size_t blank = line.find(' ');
-    const std::string verb = line.substr(0, blank);
-    const std::string rest = blank == std::string::npos ? "" : line.substr(blank + 1);
-    if (verb == "out")
-        write_all(STDOUT_FILENO, unescaped(rest));
-    else if (verb == "err")
-        write_all(STDERR_FILENO, unescaped(rest));
-    else if (verb == "fill")
-        write_all(STDOUT_FILENO, std::string(std::stoul(rest), 'x'));
-    else if (verb == "fill_err")
-        write_all(STDERR_FILENO, std::string(std::stoul(rest), 'x'));
-    else if (verb == "wait")
-        std::this_thread::sleep_for(std::chrono::milliseconds(std::stoi(rest)));
-    else if (verb == "touch")
-        append(rest, "");
-    else if (verb == "await")
-        await(rest);
-    else if (verb == "signal")
-        std::raise(std::stoi(rest));
-    else if (verb == "exit")
-        std::_Exit(std::stoi(rest));
-    else if (verb == "hang")
-        for (;;)
-            pause();
-    else
-        append("unknown_actions", line + "\n");
-}
-
-void run_script(const std::string &script)
-{
-    std::istringstream lines(script);
-    for (std::string line; std::getline(lines, line);)
-        run_action(line);
-}
-
 std::string file_name(const std::string &path)
 {
     return path.substr(path.rfind('/') + 1);
@@ -150,6 +113,46 @@ void answer(const std::vector<std::string> &request)
     write_all(STDOUT_FILENO, reply + "{ready}\n");
 }
 
+void run_action(const std::string &line, const std::vector<std::string> &request)
+{
+    const std::size_t blank = line.find(' ');
+    const std::string verb = line.substr(0, blank);
+    const std::string rest = blank == std::string::npos ? "" : line.substr(blank + 1);
+    if (verb == "out")
+        write_all(STDOUT_FILENO, unescaped(rest));
+    else if (verb == "err")
+        write_all(STDERR_FILENO, unescaped(rest));
+    else if (verb == "fill")
+        write_all(STDOUT_FILENO, std::string(std::stoul(rest), 'x'));
+    else if (verb == "fill_err")
+        write_all(STDERR_FILENO, std::string(std::stoul(rest), 'x'));
+    else if (verb == "wait")
+        std::this_thread::sleep_for(std::chrono::milliseconds(std::stoi(rest)));
+    else if (verb == "touch")
+        append(rest, "");
+    else if (verb == "await")
+        await(rest);
+    else if (verb == "answer")
+        answer(request);
+    else if (verb == "signal")
+        std::raise(std::stoi(rest));
+    else if (verb == "exit")
+        std::_Exit(std::stoi(rest));
+    else if (verb == "hang")
+        for (;;)
+            pause();
+    else
+        append("unknown_actions", line + "\n");
+}
+
+/// @param request  what it is run for, empty without one
+void run_script(const std::string &script, const std::vector<std::string> &request)
+{
+    std::istringstream lines(script);
+    for (std::string line; std::getline(lines, line);)
+        run_action(line, request);
+}
+
 void serve(const std::vector<std::string> &request, int number)
 {
     const std::string next = folder + "/script/next";
@@ -157,9 +160,9 @@ void serve(const std::vector<std::string> &request, int number)
     if (exists(next)) {
         const std::string script = contents(next);
         unlink(next.c_str());
-        run_script(script);
+        run_script(script, request);
     } else if (exists(numbered)) {
-        run_script(contents(numbered));
+        run_script(contents(numbered), request);
     } else {
         answer(request);
     }
@@ -169,7 +172,7 @@ void quit()
 {
     const std::string script = folder + "/script/quit";
     if (exists(script))
-        run_script(contents(script));
+        run_script(contents(script), {});
     std::exit(0);
 }
 
@@ -185,7 +188,7 @@ int main(int argc, char **argv)
         append("arguments", std::string(argv[i]) + "\n");
     append("starts", std::to_string(getpid()) + "\n");
     if (exists(folder + "/script/start"))
-        run_script(contents(folder + "/script/start"));
+        run_script(contents(folder + "/script/start"), {});
 
     std::string pending;
     std::vector<std::string> request;
