@@ -8,6 +8,7 @@
 #include "language_setting.h"
 #include "main_window_form.h"
 #include "orv/button_dark.h"
+#include "orv/picture_widget.h"
 #include "orv/progress_dialog.h"
 #include "orv/skin_fonts.h"
 #include "orv/skin_scroll_bars.h"
@@ -148,11 +149,11 @@ void MainWindow::lay_out_strip()
 
 void MainWindow::lay_out_header()
 {
-    auto *logo = new QWidget;
+    auto *logo = new orv::picture_widget;
     logo->setFixedSize(logo_size);
     logo->setStyleSheet(logo_sheet);
 
-    auto *header = new QWidget;
+    auto *header = new orv::picture_widget;
     header->setObjectName("header");
     header->setStyleSheet(header_sheet);
     QHBoxLayout *row = make_row({0, 5, 20, 5}, spacing_px);

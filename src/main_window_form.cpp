@@ -5,6 +5,7 @@
 #include "MainWindow.h"
 #include "datetime_format.h"
 #include "drop_files_widget.h"
+#include "orv/picture_widget.h"
 #include "photo_table.h"
 #include "time_adjustment.h"
 
@@ -102,7 +103,7 @@ void main_window_form::build_drop_area()
     verticalLayout->setSpacing(0);
     verticalLayout->setContentsMargins(0, 0, 0, 40);
 
-    widget = add_widget<QWidget>(widget_dropper, "widget");
+    widget = add_widget<orv::picture_widget>(widget_dropper, "widget");
     verticalLayout->addWidget(widget);
     verticalLayout_2 = new QVBoxLayout(widget);
     verticalLayout_2->setObjectName("verticalLayout_2");

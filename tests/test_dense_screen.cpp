@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "MainWindow.h"
+#include "dense_pictures.h"
 #include "main_window_form.h"
 #include "orv/button_dark.h"
 #include "orv/dialog_about.h"
@@ -35,38 +36,14 @@ private slots:
 namespace
 {
 
-constexpr int density = 2;
 constexpr orv::pixel_argb white = {255, 255, 255, 255};
-
-QImage canvas(QSize size)
-{
-    QImage image(size * density, QImage::Format_ARGB32_Premultiplied);
-    image.setDevicePixelRatio(density);
-    image.fill(Qt::black);
-    return image;
-}
-
-QImage dense_picture(const QString &path)
-{
-    QImage picture(path);
-    picture.setDevicePixelRatio(density);
-    return picture;
-}
 
 /// A picture over black, where widgets are painted here.
 QImage over_black(const QString &path)
 {
     const QImage picture = dense_picture(path);
-    QImage image = canvas(picture.size() / density);
+    QImage image = canvas(picture.size() / dense_ratio, dense_ratio);
     QPainter(&image).drawImage(0, 0, picture);
-    return image.convertToFormat(QImage::Format_RGB32);
-}
-
-/// A widget without its children, over black.
-QImage painted(QWidget &widget)
-{
-    QImage image = canvas(widget.size());
-    widget.render(&image, QPoint(), QRegion(), QWidget::RenderFlags());
     return image.convertToFormat(QImage::Format_RGB32);
 }
 
@@ -88,16 +65,6 @@ bool shows_anywhere(const QImage &image, const QImage &part)
     return false;
 }
 
-/// The widget whose own style sheet names a picture.
-QWidget *widget_with(const QWidget &window, const QString &picture)
-{
-    for (QWidget *widget : window.findChildren<QWidget *>()) {
-        if (widget->styleSheet().contains(picture))
-            return widget;
-    }
-    qFatal("no widget shows %s", qPrintable(picture));
-}
-
 /// Columns that are opaque and transparent by turns.
 QImage stripes(QSize size)
 {
@@ -113,7 +80,7 @@ QImage stripes(QSize size)
 
 void test_dense_screen::initTestCase()
 {
-    QCOMPARE(qApp->devicePixelRatio(), qreal(density));
+    QCOMPARE(qApp->devicePixelRatio(), qreal(dense_ratio));
     install_style();
     install_icons();
 }
@@ -135,12 +102,12 @@ void test_dense_screen::icon_is_painted_pixel_for_pixel()
     orv::button_dark button(nullptr);
     button.setFixedSize(23, 22);
     button.set_icon(":/images/icon_open.png", -1, -1, white, white);
-    QImage painted_icon = canvas(button.size());
+    QImage painted_icon = canvas(button.size(), dense_ratio);
     {
         QPainter painter(&painted_icon);
         button.paint_callback_ex(painter, &button);
     }
-    QImage expected = canvas(button.size());
+    QImage expected = canvas(button.size(), dense_ratio);
     QPainter(&expected).drawImage(5, 5, *button.icon.image_normal);
     QCOMPARE(painted_icon, expected);
 }
@@ -199,7 +166,7 @@ void test_dense_screen::picture_of_the_window_is_dense()
     QVERIFY(QTest::qWaitForWindowExposed(&window));
     QImage picture = over_black(":/images/" + name + "@2x.png");
     QWidget *widget = widget_with(window, "images/" + name + ".png");
-    const QImage shown = painted(*widget);
+    const QImage shown = painted(*widget, dense_ratio);
     picture = picture.copy(QRect(QPoint(), shown.size().boundedTo(picture.size())));
     QVERIFY(shows_anywhere(shown, picture));
 }
@@ -210,7 +177,7 @@ void test_dense_screen::indicator_of_a_radio_button_is_dense()
     button.setStyleSheet(QString("QRadioButton{background:black;}") + orv::radio::sheet);
     button.setChecked(true);
     button.resize(40, 30);
-    QVERIFY(shows_anywhere(painted(button), over_black(":/gui/radio/checked@2x.png")));
+    QVERIFY(shows_anywhere(painted(button, dense_ratio), over_black(":/gui/radio/checked@2x.png")));
 }
 
 void test_dense_screen::header_of_the_about_dialog_is_dense()
@@ -218,7 +185,7 @@ void test_dense_screen::header_of_the_about_dialog_is_dense()
     orv::dialog_about dialog(nullptr, true);
     dialog.show();
     QVERIFY(QTest::qWaitForWindowExposed(&dialog));
-    const QImage shown = painted(*widget_with(dialog, "images/Head.png"));
+    const QImage shown = painted(*widget_with(dialog, "images/Head.png"), dense_ratio);
     QVERIFY(shows_at({0, 0}, shown, over_black(":/images/Head@2x.png")));
 }
 
@@ -240,14 +207,14 @@ void test_dense_screen::icon_of_a_message_box_is_dense()
 {
     const QMessageBox box(QMessageBox::Question, "Title", "Text");
     QImage icon = box.iconPixmap().toImage();
-    icon.setDevicePixelRatio(density);
+    icon.setDevicePixelRatio(dense_ratio);
     const QImage picture = dense_picture(":/icons/orv/48x48@2/dialog-question.png");
     QCOMPARE(icon, QPixmap::fromImage(picture).toImage());
 }
 
 int main(int argc, char **argv)
 {
-    qputenv("QT_SCALE_FACTOR", QByteArray::number(density));
+    qputenv("QT_SCALE_FACTOR", QByteArray::number(dense_ratio));
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     return run_test<test_dense_screen>(argc, argv);
 }

@@ -6,6 +6,7 @@
 #include "orv/clickable_label.h"
 #include "orv/dialog_3rd_part_lib_info.h"
 #include "orv/dialog_width.h"
+#include "orv/picture_widget.h"
 #include "orv/skin_fonts.h"
 
 #include <QCoreApplication>
@@ -49,7 +50,7 @@ QWidget *make_header()
     logo->setPixmap(QIcon(":/images/logo.png").pixmap(logo_size));
     logo->setStyleSheet(logo_sheet);
 
-    auto *header = new QWidget;
+    auto *header = new picture_widget;
     header->setFixedHeight(header_height_px);
     header->setStyleSheet(header_sheet);
     auto *row = new QHBoxLayout(header);
