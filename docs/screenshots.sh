@@ -2,8 +2,8 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 #
 # Takes a picture of each screen of the real program, under a virtual display with a window manager,
-# in both languages and at the scale factors 1 and 2. Installs missing Debian packages first, and
-# builds the program.
+# in both languages and at the scale factors 1, 1.5 and 2. Installs missing Debian packages first,
+# and builds the program.
 #
 # usage: docs/screenshots.sh
 #
@@ -64,16 +64,18 @@ take() {
 
 # The two big buttons, as $1.
 take_big_buttons() {
-    import -window "$main" -crop "$((190 * scale))x$((66 * scale))+$((290 * scale))+$((30 * scale))" \
-        +repage "$folder/$1.png"
+    size=$(display_pixels 190)x$(display_pixels 66)
+    import -window "$main" -crop "$size+$(display_pixels 290)+$(display_pixels 30)" +repage \
+        "$folder/$1.png"
 }
 
 # The window $2 with what lies over it, and $3 pixels above and below it, as $1.
 take_with_popups() {
+    margin=$(display_pixels "$3")
     left=$(window_info "$2" "Absolute upper-left X")
-    top=$(($(window_info "$2" "Absolute upper-left Y") - $3 * scale))
+    top=$(($(window_info "$2" "Absolute upper-left Y") - margin))
     width=$(window_info "$2" Width)
-    height=$(($(window_info "$2" Height) + 2 * $3 * scale))
+    height=$(($(window_info "$2" Height) + 2 * margin))
     import -window root -crop "${width}x$height+$left+$top" +repage "$folder/$1.png"
 }
 
@@ -117,7 +119,7 @@ shoot_about() {
     about=$dialog
     move_mouse_away
     take about "$about"
-    click "$about" $(($(window_info "$about" Width) / scale / 2)) -36
+    click "$about" "$(($(program_pixels "$(window_info "$about" Width)") / 2))" -36
     find_dialog_over "$about"
     take libraries "$dialog"
     close_dialog_over "$about"
@@ -247,13 +249,13 @@ packaging/install_packages.sh build screenshots
 cmake --preset release
 cmake --build --preset release --target kelvra
 for language in en de; do
-    for scale in 1 2; do
+    for scale in 1 1.5 2; do
         folder=$tree/build/screenshots/$language-${scale}x
         rm -rf "$folder"
         mkdir -p "$folder"
         echo "$folder"
         xvfb-run --auto-servernum \
-            --server-args="-screen 0 $((2000 * scale))x$((1160 * scale))x24 -dpi 96" \
+            --server-args="-screen 0 $(display_pixels 2000)x$(display_pixels 1160)x24 -dpi 96" \
             env -u XDG_CONFIG_HOME LC_ALL=C.UTF-8 TZ=UTC \
             "$script" --under-display "$language" "$scale" "$folder"
     done

@@ -2,8 +2,19 @@
 # shellcheck shell=sh disable=SC2034,SC2154  # some variables belong to the scripts that source this
 #
 # Drives the program's window with keys and the mouse, on an X display with a window manager. Sourced
-# by scripts, not run. They set `scale`, the pixels of the display for one of the program's, and have
-# picture_of_failure, which is called when something was waited for in vain.
+# by scripts, not run. They set `scale`, the pixels of the display for one of the program's, which may
+# be a fraction such as 1.5, and have picture_of_failure, which is called when something was waited
+# for in vain.
+
+# The pixels of the display for $1 of the program's.
+display_pixels() {
+    awk -v pixels="$1" -v scale="$scale" 'BEGIN { printf "%.0f", pixels * scale }'
+}
+
+# The program's pixels for $1 of the display's.
+program_pixels() {
+    awk -v pixels="$1" -v scale="$scale" 'BEGIN { printf "%.0f", pixels / scale }'
+}
 
 # Waits half a minute for the command $@ to succeed.
 wait_until() {
@@ -83,8 +94,8 @@ window_info() {
 # Moves the mouse to the point $2, $3 of the window $1, in the program's own pixels; negative ones
 # are counted from the right and from the bottom.
 point_at() {
-    x=$(($2 * scale))
-    y=$(($3 * scale))
+    x=$(display_pixels "$2")
+    y=$(display_pixels "$3")
     [ "$x" -ge 0 ] || x=$(($(window_info "$1" Width) + x))
     [ "$y" -ge 0 ] || y=$(($(window_info "$1" Height) + y))
     xdotool mousemove --window "$1" "$x" "$y"
@@ -102,7 +113,7 @@ move_mouse_away() {
 }
 
 resize_main() {
-    xdotool windowsize --sync "$main" $(($1 * scale)) $(($2 * scale))
+    xdotool windowsize --sync "$main" "$(display_pixels "$1")" "$(display_pixels "$2")"
     sleep 0.5
 }
 
