@@ -68,7 +68,6 @@ void main_window_form::build(MainWindow *window)
     build_panels();
     build_table();
     window->setCentralWidget(centralWidget);
-    QWidget::setTabOrder(widget_time_adjust, widget_datetime_format);
 }
 
 void main_window_form::build_bands()
@@ -118,19 +117,21 @@ void main_window_form::build_drop_area()
         new QSpacerItem(20, 40, QSizePolicy::Minimum, QSizePolicy::Expanding));
 }
 
-/// The window's sheet for the panels replaces the one that each panel gives itself.
+/// The tab key goes through the fields first, then through the formats: in the order in which they
+/// are made, since the panels take no focus themselves. The window's sheet for the panels replaces
+/// the one that each panel gives itself.
 void main_window_form::build_panels()
 {
+    widget_time_adjust = add_widget<time_adjustment>(widget_content, "widget_time_adjust");
+    widget_time_adjust->setMinimumHeight(71);
+    widget_time_adjust->setStyleSheet(panel_sheet);
+    gridLayout_2->addWidget(widget_time_adjust, 1, 2);
+
     widget_datetime_format = add_widget<datetime_format>(widget_content, "widget_datetime_format");
     widget_datetime_format->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     widget_datetime_format->setMinimumHeight(144);
     widget_datetime_format->setStyleSheet(panel_sheet);
     gridLayout_2->addWidget(widget_datetime_format, 2, 2);
-
-    widget_time_adjust = add_widget<time_adjustment>(widget_content, "widget_time_adjust");
-    widget_time_adjust->setMinimumHeight(71);
-    widget_time_adjust->setStyleSheet(panel_sheet);
-    gridLayout_2->addWidget(widget_time_adjust, 1, 2);
 }
 
 void main_window_form::build_table()
