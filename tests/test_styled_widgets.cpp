@@ -120,8 +120,8 @@ private slots:
     void panel_frames_its_content();
     void popup_is_twenty_pixels_a_row_data();
     void popup_is_twenty_pixels_a_row();
-    void popup_shows_all_its_rows_data();
-    void popup_shows_all_its_rows();
+    void rows_fill_the_popup_data();
+    void rows_fill_the_popup();
     void wheel_moves_the_choice_unless_disabled();
     void label_is_clicked_by_the_left_button_alone_data();
     void label_is_clicked_by_the_left_button_alone();
@@ -245,31 +245,41 @@ void test_styled_widgets::popup_is_twenty_pixels_a_row()
     box.hidePopup();
 }
 
-void test_styled_widgets::popup_shows_all_its_rows_data()
+void test_styled_widgets::rows_fill_the_popup_data()
 {
     QTest::addColumn<int>("items");
-    QTest::newRow("one") << 1;
-    QTest::newRow("two languages") << 2;
-    QTest::newRow("five") << 5;
-    QTest::newRow("fifteen") << 15;
+    QTest::addColumn<int>("chosen");
+    QTest::newRow("one") << 1 << 0;
+    QTest::newRow("two languages") << 2 << 1;
+    QTest::newRow("five") << 5 << 4;
+    QTest::newRow("a hundred, from the first") << 100 << 0;
+    QTest::newRow("a hundred, from the last") << 100 << 99;
 }
 
-void test_styled_widgets::popup_shows_all_its_rows()
+/// Up to the border of the list, which is what the popup shows in its first and its last row of
+/// pixels.
+void test_styled_widgets::rows_fill_the_popup()
 {
     QFETCH(int, items);
+    QFETCH(int, chosen);
     orv::combobox box;
     box.setStyleSheet(orv::combobox::sheet);
     for (int i = 0; i < items; ++i)
         box.addItem(QString::number(i));
+    box.setCurrentIndex(chosen);
     box.show();
     QVERIFY(QTest::qWaitForWindowExposed(&box));
     QTest::mouseClick(&box, Qt::LeftButton);
     const QAbstractItemView *list = box.view();
-    const auto is_inside = [list](int row) {
+    const QWidget *popup = list->parentWidget();
+    const auto place_of = [list, popup](int row) {
         const QRect place = list->visualRect(list->model()->index(row, 0));
-        return place.isValid() && list->viewport()->rect().contains(place);
+        return place.translated(list->viewport()->mapTo(popup, QPoint()));
     };
-    QTRY_VERIFY(is_inside(0) && is_inside(items - 1));
+    QTRY_COMPARE(place_of(0).top(), 1);
+    QTRY_COMPARE(place_of(items - 1).bottom(), items * 20 - 2);
+    for (int row = 1; row < items; ++row)
+        QCOMPARE(place_of(row).top(), place_of(row - 1).bottom() + 1);
     box.hidePopup();
 }
 

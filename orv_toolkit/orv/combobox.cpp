@@ -2,6 +2,7 @@
 
 #include "orv/combobox.h"
 
+#include <QAbstractItemView>
 #include <QFrame>
 #include <QStyledItemDelegate>
 
@@ -12,11 +13,10 @@ namespace
 {
 
 constexpr int row_height_px = 20;
-constexpr int list_borders_px = 2;
+constexpr int list_border_px = 1;
 
-/// Rows that fit into the list with its borders, also into one of a single row. Qt's own delegate
-/// draws them as those of a menu instead: too tall for the list, and past the sheet's rules for
-/// items.
+/// Rows that fill the list within its border, also that of a single row. Qt's own delegate draws
+/// them as those of a menu instead: too tall for the list, and past the sheet's rules for items.
 class row_delegate : public QStyledItemDelegate
 {
 public:
@@ -24,10 +24,20 @@ public:
 
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
     {
-        return {QStyledItemDelegate::sizeHint(option, index).width(),
-                row_height_px - list_borders_px};
+        const bool is_first = index.row() == 0;
+        const bool is_last = index.row() == index.model()->rowCount() - 1;
+        const int borders_px = (is_first + is_last) * list_border_px;
+        return {QStyledItemDelegate::sizeHint(option, index).width(), row_height_px - borders_px};
     }
 };
+
+/// Hides what Qt puts above and below a list that it scrolls, which would take the room of a row.
+void hide_scroll_marks(const QFrame &popup, const QWidget *list)
+{
+    const auto parts = popup.findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly);
+    for (QWidget *part : parts)
+        part->setVisible(part == list);
+}
 
 }  // namespace
 
@@ -40,6 +50,7 @@ void combobox::showPopup()
 {
     QComboBox::showPopup();
     auto *popup = findChild<QFrame *>();
+    hide_scroll_marks(*popup, view());
     popup->resize(popup->width(), count() * row_height_px);
 }
 
