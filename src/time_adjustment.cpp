@@ -21,6 +21,17 @@ constexpr int zone_decimals = 2;
 /// The grey of the icons, lightened until it reads well on the fields (contrast 4.7 to 1).
 const QColor placeholder_colour(138, 145, 142);
 
+/// Takes only what `take` can read. In the user's locale it would also take marks between groups of
+/// digits, and digits of other scripts.
+QIntValidator *make_number_validator()
+{
+    QLocale plain = QLocale::c();
+    plain.setNumberOptions(plain.numberOptions() | QLocale::RejectGroupSeparator);
+    auto *validator = new QIntValidator;
+    validator->setLocale(plain);
+    return validator;
+}
+
 }  // namespace
 
 time_adjustment::time_adjustment(QWidget *parent) : QWidget(parent), ui(new time_adjustment_form)
@@ -114,7 +125,7 @@ void time_adjustment::add_validators()
 {
     for (orv::lineedit *field : ui->fields()) {
         if (field != ui->lineedit_timezone)
-            field->setValidator(new QIntValidator);
+            field->setValidator(make_number_validator());
     }
     auto *zone_validator = new QDoubleValidator;
     zone_validator->setNotation(QDoubleValidator::StandardNotation);

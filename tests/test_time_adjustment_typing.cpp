@@ -4,6 +4,7 @@
 #include "test_main.h"
 #include "time_adjustment.h"
 
+#include <QClipboard>
 #include <QLocale>
 
 #include <limits>
@@ -24,6 +25,14 @@ offset zone(bool given, double hours)
     return {0, 0, 0, 0, 0, 0, given, hours};
 }
 
+/// As QTest::keyClicks, which knows the keys of ASCII alone.
+void type_any(QWidget *field, const QString &text)
+{
+    for (const QChar &character : text)
+        QTest::sendKeyEvent(QTest::Click, field, Qt::Key_unknown, QString(character),
+                            Qt::NoModifier);
+}
+
 }  // namespace
 
 class test_time_adjustment_typing : public QObject
@@ -40,6 +49,9 @@ private slots:
     void all_fields_go_out_together();
     void number_field_reads_what_it_takes_data();
     void number_field_reads_what_it_takes();
+    void number_is_plain_in_any_language_data();
+    void number_is_plain_in_any_language();
+    void number_with_marks_isnt_pasted();
     void deleting_a_number_sends_zero();
     void text_decides_on_the_zone_data();
     void text_decides_on_the_zone();
@@ -184,6 +196,68 @@ void test_time_adjustment_typing::number_field_reads_what_it_takes()
     QCOMPARE(field("month")->text(), text);
     QCOMPARE(sent->size(), text.size());
     QCOMPARE(sent->last().at(1).toInt(), value);
+}
+
+void test_time_adjustment_typing::number_is_plain_in_any_language_data()
+{
+    QTest::addColumn<QLocale>("locale");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("text");
+    const struct {
+        const char *name;
+        QLocale locale;
+    } languages[] = {{"plain", QLocale::c()},       {"American", QLocale("en_US")},
+                     {"German", QLocale("de_DE")},  {"French", QLocale("fr_FR")},
+                     {"Swiss", QLocale("de_CH")},   {"Indian", QLocale("hi_IN")},
+                     {"Swedish", QLocale("sv_SE")}, {"Egyptian", QLocale("ar_EG")}};
+    for (const auto &language : languages) {
+        const auto row = [&language](const char *what, const QString &typed, const QString &text) {
+            QTest::addRow("%s: %s", language.name, what) << language.locale << typed << text;
+        };
+        row("comma", "1,000", "1000");
+        row("point", "1.000", "1000");
+        row("apostrophe", "1'000", "1000");
+        row("typographic apostrophe", u8"1\u2019000", "1000");
+        row("space", "1 000", "1000");
+        row("no-break space", u8"1\u00a0000", "1000");
+        row("narrow no-break space", u8"1\u202f000", "1000");
+        row("two marks", "-1,000,000", "-1000000");
+        row("Arabic digit", u8"1000\u0661", "1000");
+        row("plus", "+1000", "+1000");
+        row("minus", "-1000", "-1000");
+    }
+}
+
+/// The fields take up the default locale when they are made.
+void test_time_adjustment_typing::number_is_plain_in_any_language()
+{
+    QFETCH(QLocale, locale);
+    QFETCH(QString, typed);
+    QFETCH(QString, text);
+    QLocale::setDefault(locale);
+    time_adjustment local_panel(nullptr);
+    QSignalSpy local_sent(&local_panel, &time_adjustment::time_offset_changed);
+    for (int place = 0; place < 6; ++place) {
+        auto *field = local_panel.findChildren<orv::lineedit *>().at(place);
+        type_any(field, typed);
+        QCOMPARE(field->text(), text);
+        QCOMPARE(local_sent.last().at(place).toInt(), text.toInt());
+    }
+}
+
+void test_time_adjustment_typing::number_with_marks_isnt_pasted()
+{
+    QLocale::setDefault(QLocale("en_US"));
+    time_adjustment local_panel(nullptr);
+    auto *field = local_panel.findChild<orv::lineedit *>("lineedit_day");
+    QVERIFY(field);
+    QTest::keyClicks(field, "7");
+    QApplication::clipboard()->setText("1,000");
+    QTest::keyClick(field, Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(field->text(), QString("7"));
+    QApplication::clipboard()->setText("1000");
+    QTest::keyClick(field, Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(field->text(), QString("71000"));
 }
 
 void test_time_adjustment_typing::deleting_a_number_sends_zero()
