@@ -17,6 +17,10 @@ public:
 
     /// The skin of an input line; whoever makes one sets it.
     static const char sheet[];
+
+protected:
+    /// As QLineEdit, in a menu of the program's skin whatever the sheets of the widgets around say.
+    void contextMenuEvent(QContextMenuEvent *event) override;
 };
 
 }  // namespace orv
