@@ -43,6 +43,13 @@ public:
         return window.grab().toImage();
     }
 
+    /// The field of the main window in which a caret blinks while the window is active.
+    QRect place_of_caret() const
+    {
+        const auto *field = window.findChild<QWidget *>("lineedit_year");
+        return {field->mapTo(&window, QPoint()), field->size()};
+    }
+
     QImage load_progress(int done, int steps)
     {
         return progress(*window.progress_load, done, steps);

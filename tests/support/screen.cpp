@@ -32,6 +32,11 @@ QString xdotool(const QStringList &arguments)
     return output_of("xdotool", arguments);
 }
 
+void move_mouse(QPoint place)
+{
+    xdotool({"mousemove", QString::number(place.x()), QString::number(place.y())});
+}
+
 QString window_with_title(const QString &title)
 {
     QString id;
@@ -66,13 +71,14 @@ QImage picture_of(const QRect &place)
         .convertToFormat(QImage::Format_RGB32);
 }
 
-bool same_pixels(QImage seen, QImage expected, const QRect &hidden)
+bool same_pixels(QImage seen, QImage expected, const QRegion &hidden)
 {
     seen = seen.convertToFormat(QImage::Format_RGB32);
     expected = expected.convertToFormat(QImage::Format_RGB32);
     for (QImage *image : {&seen, &expected}) {
         QPainter painter(image);
-        painter.fillRect(hidden, Qt::black);
+        painter.setClipRegion(hidden);
+        painter.fillRect(image->rect(), Qt::black);
     }
     return seen == expected;
 }

@@ -4,6 +4,7 @@
 
 #include <QImage>
 #include <QRect>
+#include <QRegion>
 #include <QString>
 #include <QStringList>
 
@@ -14,6 +15,8 @@
 
 /// Runs xdotool(1) and returns what it prints, without the line end; empty if it fails.
 QString xdotool(const QStringList &arguments);
+
+void move_mouse(QPoint place);
 
 /// The id of the window on the screen with exactly this title, once it is there within a few
 /// seconds; empty if it isn't.
@@ -30,7 +33,7 @@ QImage picture_of(const QRect &place);
 
 /// Whether the two have the same pixels outside of `hidden`, which is counted from their top left
 /// corner.
-bool same_pixels(QImage seen, QImage expected, const QRect &hidden = QRect());
+bool same_pixels(QImage seen, QImage expected, const QRegion &hidden = QRegion());
 
 /// Keeps the whole screen and what was expected of it beside the test program, as seen.png and
 /// expected.png, for whoever looks into a failure.

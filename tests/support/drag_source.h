@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QDrag>
+#include <QGuiApplication>
+#include <QMimeData>
+#include <QProcess>
+#include <QUrl>
+#include <QWidget>
+#include <QtTest>
+
+/// A small window of another program from which files can be dragged with the mouse.
+class drag_source : public QWidget
+{
+public:
+    /// @param paths  what a drag from here carries
+    explicit drag_source(const QStringList &paths) : paths(paths)
+    {
+        setWindowTitle("Files");
+        setFixedSize(100, 60);
+        move(0, 0);
+        show();
+        if (!QTest::qWaitForWindowExposed(this))
+            qFatal("the window to drag from doesn't show");
+    }
+
+    /// Drags the files to a place on the screen and drops them there; returns when they have been
+    /// dropped, taken or not.
+    void drag_to(QPoint place)
+    {
+        hands.start("xdotool", begin_of_drag() + moves_to(place) + QStringList{"mouseup", "1"});
+        const int before = drags;
+        QTRY_COMPARE(drags, before + 1);
+    }
+
+    int drags = 0;       ///< those that have ended
+    bool taken = false;  ///< whether the last one was
+
+    /// Whether the mouse's cursor says that a drop here would be refused.
+    static bool cursor_refuses()
+    {
+        const QCursor *cursor = QGuiApplication::overrideCursor();
+        return cursor && cursor->shape() == Qt::ForbiddenCursor;
+    }
+
+protected:
+    /// Returns when the button is let go.
+    void mousePressEvent(QMouseEvent * /*event*/) override
+    {
+        QList<QUrl> urls;
+        for (const QString &path : paths)
+            urls << QUrl::fromLocalFile(path);
+        auto *data = new QMimeData;
+        data->setUrls(urls);
+        auto *drag = new QDrag(this);
+        drag->setMimeData(data);
+        taken = drag->exec(Qt::CopyAction) == Qt::CopyAction;
+        ++drags;
+    }
+
+private:
+    QStringList begin_of_drag() const
+    {
+        const QPoint middle = mapToGlobal(rect().center());
+        return moves_to(middle) + QStringList{"mousedown", "1"} + moves_to(middle + QPoint(30, 0));
+    }
+
+    /// In two steps, since a place that the mouse is at already is no move.
+    static QStringList moves_to(QPoint place)
+    {
+        const auto move_to = [](QPoint at) {
+            return QStringList{"mousemove", QString::number(at.x()), QString::number(at.y()),
+                               "sleep", "0.1"};
+        };
+        return move_to(place - QPoint(2, 0)) + move_to(place);
+    }
+
+    const QStringList paths;
+    QProcess hands;  ///< of the user, who moves the mouse while the drag blocks
+};
