@@ -5,7 +5,7 @@
 #
 # usage: packaging/install_packages.sh SET...
 #   build        what building and running Kelvra takes
-#   test         what its tests and the virtual display take besides
+#   test         what its tests and the virtual displays take besides
 #   screenshots  what taking the pictures of its screens takes besides the first
 #   coverage     what counting the lines that the tests run takes besides both
 #   bench        what measuring its speed and memory takes besides the first
@@ -18,7 +18,7 @@ set -eu
 
 build_packages="cmake g++ ninja-build qtbase5-dev qttools5-dev qttools5-dev-tools
     libimage-exiftool-perl qttranslations5-l10n fonts-freefont-ttf"
-test_packages="git libxml2-utils tzdata w3c-sgml-lib xauth xvfb"
+test_packages="git libxml2-utils openbox tzdata w3c-sgml-lib x11-utils xauth xdotool xvfb"
 screenshot_packages="imagemagick openbox procps x11-utils xauth xdotool xvfb"
 coverage_packages="gcovr"
 bench_packages="libbenchmark-dev xauth xvfb"

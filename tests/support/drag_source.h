@@ -3,12 +3,16 @@
 #pragma once
 
 #include <QDrag>
+#include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QMimeData>
 #include <QProcess>
+#include <QTimer>
 #include <QUrl>
 #include <QWidget>
 #include <QtTest>
+
+#include <functional>
 
 /// A small window of another program from which files can be dragged with the mouse.
 class drag_source : public QWidget
@@ -25,13 +29,26 @@ public:
             qFatal("the window to drag from doesn't show");
     }
 
-    /// Drags the files to a place on the screen and drops them there; returns when they have been
-    /// dropped, taken or not.
-    void drag_to(QPoint place)
+    /// Drags the files to a place on the screen and drops them there once `is_time` says so, or
+    /// after some seconds. Returns when they have been dropped, taken or not.
+    void drag_to(
+        QPoint place, const std::function<bool()> &is_time = [] { return true; })
     {
-        hands.start("xdotool", begin_of_drag() + moves_to(place) + QStringList{"mouseup", "1"});
         const int before = drags;
-        QTRY_COMPARE(drags, before + 1);
+        QTimer poll;
+        QElapsedTimer waited;
+        connect(&poll, &QTimer::timeout, this, [&] {
+            const bool is_there = hands.state() == QProcess::NotRunning;
+            if (!is_there || !(is_time() || waited.hasExpired(patience_ms)))
+                return;
+            poll.stop();
+            hands.start("xdotool", {"mouseup", "1"});
+        });
+        hands.start("xdotool", begin_of_drag() + moves_to(place));
+        waited.start();
+        poll.start(poll_ms);
+        QTRY_COMPARE_WITH_TIMEOUT(drags, before + 1, 2 * patience_ms);
+        QTRY_COMPARE(hands.state(), QProcess::NotRunning);
     }
 
     int drags = 0;       ///< those that have ended
@@ -60,6 +77,9 @@ protected:
     }
 
 private:
+    static constexpr int poll_ms = 20;
+    static constexpr int patience_ms = 5000;
+
     QStringList begin_of_drag() const
     {
         const QPoint middle = mapToGlobal(rect().center());
