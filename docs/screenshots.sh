@@ -18,7 +18,7 @@ tree=$(dirname "$(dirname "$script")")
 
 holiday_photos="IMG_2041 IMG_2042 IMG_2043 IMG_2044 IMG_2045 IMG_2046
     P1080317 P1080318 P1080319 P1080320 P1080321"
-many_photos=60
+many_photos=100
 
 # --- Photos -----------------------------------------------------------------------------------
 
@@ -173,16 +173,25 @@ shoot_failure() {
     close_dialog_over "$main"
 }
 
-# The tool is held in the middle of the load.
-shoot_progress() {
-    select_photos "$photos/many"
-    xdotool key Return
-    sleep 0.1
+# The window in the middle of a batch, as $1: the tool is held, and the program waits for it.
+take_batch() {
+    sleep 0.2
     pkill -STOP -P "$program"
     find_dialog_over "$main"
-    take progress "$dialog"
+    take_with_popups "$1" "$main" 0
     pkill -CONT -P "$program"
     wait_until is_active "$main"
+}
+
+shoot_batches() {
+    select_photos "$photos/many"
+    xdotool key Return
+    take_batch loading
+    type_shift 0 Tab Tab Tab 1
+    point_at_fix
+    xdotool click 1
+    move_mouse_away
+    take_batch fixing
 }
 
 # --- Runs -------------------------------------------------------------------------------------
@@ -235,7 +244,7 @@ shoot_all_screens() {
     shoot_photos
     shoot_warnings
     shoot_failure
-    shoot_progress
+    shoot_batches
     end_program
 }
 

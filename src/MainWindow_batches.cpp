@@ -39,7 +39,7 @@ void MainWindow::on_button_fix_time_clicked()
     button_undo->setEnabled(false);
     progress.start(progress_fix, model->rowCount());
     const QStringList failed_files = fix_all_rows();
-    progress.end(progress_fix);
+    progress.end();
     if (!failed_files.isEmpty() && !keeps_changes(failed_files))
         on_button_undo_clicked();
     button_undo->setEnabled(!undo_map.isEmpty());
@@ -54,10 +54,10 @@ void MainWindow::on_button_undo_clicked()
     int done = 0;
     for (auto file = batch.begin(); file != batch.end(); ++file) {
         orv::exiftool::instance()->write_tags(file.key(), undo_tags(file.value()));
-        progress.step(progress_fix, ++done, batch.size());
+        progress.step(++done, batch.size());
         QCoreApplication::processEvents();
     }
-    progress.end(progress_fix);
+    progress.end();
     undo_map.clear();
     button_undo->setEnabled(false);
 }
@@ -126,7 +126,7 @@ QStringList MainWindow::fix_all_rows()
         const bool has_times = photo.old_time.isValid() && photo.new_time.isValid();
         if (has_times && !fix_photo(photo))
             failed_files << photo.path;
-        progress.step(progress_fix, row + 1, model->rowCount());
+        progress.step(row + 1, model->rowCount());
         QCoreApplication::processEvents();
     }
     return failed_files;

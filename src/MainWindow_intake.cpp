@@ -74,10 +74,10 @@ void MainWindow::load_files(QStringList filenames)
     int loaded = 0;
     for (const QString &file : qAsConst(filenames)) {
         model->add_file(file, true);
-        progress.step(progress_load, ++loaded, count);
+        progress.step(++loaded, count);
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, repaint_limit_ms);
     }
-    progress.end(progress_load);
+    progress.end();
     model->resort();
 }
 

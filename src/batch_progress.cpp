@@ -59,6 +59,7 @@ void batch_progress::watch(QWidget *window)
 void batch_progress::start(orv::progress_dialog *dialog, int steps)
 {
     paint_collected();
+    batches << batch{dialog, 0, steps};
     dialog->setRange(0, steps);
     dialog->setValue(0);
     QCoreApplication::processEvents();
@@ -66,28 +67,40 @@ void batch_progress::start(orv::progress_dialog *dialog, int steps)
         wait_until_painted(*dialog);
 }
 
-void batch_progress::step(orv::progress_dialog *dialog, int done, int steps)
+void batch_progress::step(int done, int steps)
 {
     if (collects)
         paint_collected();
-    const bool was_visible = dialog->isVisible();
     collects = done < steps;
-    dialog->setRange(0, steps);
-    dialog->setValue(done);
-    if (dialog->isVisible() && !was_visible)
-        wait_until_painted(*dialog);
+    batch &innermost = batches.last();
+    innermost.done = done;
+    innermost.steps = steps;
+    innermost.dialog->setRange(0, steps);
+    innermost.dialog->setValue(done);
 }
 
-void batch_progress::end(orv::progress_dialog *dialog)
+void batch_progress::end()
 {
     paint_collected();
-    dialog->reset();
+    const batch ended = batches.takeLast();
+    ended.dialog->reset();
+    const bool is_inside = !batches.isEmpty() && batches.last().dialog == ended.dialog;
+    if (is_inside && batches.last().done < batches.last().steps)
+        show(batches.last());
 }
 
 bool batch_progress::eventFilter(QObject *watched, QEvent *event)
 {
     return (collects && event->type() == QEvent::UpdateRequest) ||
            QObject::eventFilter(watched, event);
+}
+
+void batch_progress::show(const batch &shown)
+{
+    shown.dialog->setRange(0, shown.steps);
+    shown.dialog->setValue(shown.done);
+    shown.dialog->show();
+    wait_until_painted(*shown.dialog);
 }
 
 /// Windows without anything to paint do nothing.

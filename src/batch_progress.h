@@ -35,24 +35,32 @@ public:
     void watch(QWidget *window);
 
     /// Shows the dialog of a batch with no step done, and serves events once, the user's included.
-    /// Returns when the dialog is painted, or a second later if it can't be.
+    /// Returns when the dialog is painted, or a second later if it can't be. A batch can start
+    /// while another runs, and ends before it.
     void start(orv::progress_dialog *dialog, int steps);
 
-    /// Shows that `done` of so many steps are done; serves no events. A dialog that was hidden by a
-    /// batch inside of this one comes up again, and is painted as at the start.
-    void step(orv::progress_dialog *dialog, int done, int steps);
+    /// Shows that so many steps of the batch are done, of now so many. Serves no events.
+    void step(int done, int steps);
 
     /// Hides the dialog: a batch without a step, or one that an emptied table ends, never reaches
-    /// the value that hides it.
-    void end(orv::progress_dialog *dialog);
+    /// the value that hides it. A batch outside of this one gets the dialog back, as it was.
+    void end();
 
     /// Keeps the repaint requests from the windows while it collects: each window remembers by
     /// itself what is to be painted.
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    struct batch {
+        orv::progress_dialog *dialog;
+        int done;
+        int steps;
+    };
+
+    static void show(const batch &shown);
     void paint_collected();
 
     QList<QWidget *> windows;  ///< those watched
+    QList<batch> batches;      ///< those that run, each inside of the one before
     bool collects = false;
 };

@@ -5,6 +5,7 @@
 #include "watched_program.h"
 
 #include <algorithm>
+#include <memory>
 
 namespace
 {
@@ -26,12 +27,15 @@ class test_slow_photos : public QObject
     Q_OBJECT
 
 private slots:
+    void init() { program = std::make_unique<watched_program>(); }
     void screen_is_exact_whenever_the_program_waits();
+    void screen_is_exact_after_a_load_inside_of_another();
+    void screen_is_exact_when_the_tool_has_died();
 
 private:
     void look(int request, const QImage &progress);
 
-    watched_program program;
+    std::unique_ptr<watched_program> program;
     expected_screens expected;
 };
 
@@ -40,19 +44,19 @@ void test_slow_photos::look(int request, const QImage &progress)
 {
     if (QTest::currentTestFailed())
         return;
-    QVERIFY2(program.waits_at(request), qPrintable(QString("no request %1").arg(request)));
-    QVERIFY2(program.shows(expected, progress), qPrintable(QString("at request %1").arg(request)));
-    program.tool.let_go(request);
+    QVERIFY2(program->waits_at(request), qPrintable(QString("no request %1").arg(request)));
+    QVERIFY2(program->shows(expected, progress), qPrintable(QString("at request %1").arg(request)));
+    program->tool.let_go(request);
 }
 
 void test_slow_photos::screen_is_exact_whenever_the_program_waits()
 {
-    const QString folder = program.make_photos("photo", photo_count);
+    const QString folder = program->make_photos("photo", photo_count);
     for (const int first_request : {first_read, first_fix, first_undo}) {
         for (const int place : slow_places)
-            program.tool.hold(first_request + place - 1);
+            program->tool.hold(first_request + place - 1);
     }
-    program.start("open " + folder + ";click fix;click undo;close");
+    program->start("open " + folder + ";click fix;click undo;close");
     QStringList paths = folder_files(folder);
     for (const int place : slow_places) {
         expected.set_photos(paths.mid(0, place - 1));
@@ -67,7 +71,38 @@ void test_slow_photos::screen_is_exact_whenever_the_program_waits()
     for (const int place : slow_places)
         look(first_undo + place - 1, expected.fix_progress(place - 1, photo_count));
     if (!QTest::currentTestFailed())
-        QVERIFY(program.wait_until_ended());
+        QVERIFY(program->wait_until_ended());
+}
+
+void test_slow_photos::screen_is_exact_after_a_load_inside_of_another()
+{
+    constexpr int photos_before = 3;
+    constexpr int photos_inside = 2;
+    const QString folder = program->make_photos("photo", photo_count);
+    const QString inner_folder = program->make_photos("inner", photos_inside);
+    program->tool.hold(photos_before + photos_inside + 1);
+    program->start(
+        QString("at load %1 open %2;open %3").arg(photos_before).arg(inner_folder, folder));
+    QVERIFY(program->waits_at(photos_before + photos_inside + 1));
+    QStringList paths = program->read_paths();
+    paths.removeLast();
+    std::sort(paths.begin(), paths.end());
+    expected.set_undo_enabled(false);
+    expected.set_photos(paths);
+    QVERIFY(program->shows(expected, expected.load_progress(photos_before, photo_count)));
+}
+
+/// The program waits for ever then, and can't send the request that it waits for.
+void test_slow_photos::screen_is_exact_when_the_tool_has_died()
+{
+    constexpr int photos_before = 7;
+    const QString folder = program->make_photos("photo", photo_count);
+    program->tool.script(QString::number(photos_before), {"answer", "exit 0"});
+    program->start("open " + folder);
+    QTRY_COMPARE(program->read_paths().size(), photos_before);
+    expected.set_undo_enabled(false);
+    expected.set_photos(program->read_paths());
+    QVERIFY(program->shows(expected, expected.load_progress(photos_before, photo_count)));
 }
 
 KELVRA_TEST_MAIN(test_slow_photos)
