@@ -20,6 +20,9 @@ void photo_table::setModel(QAbstractItemModel *model)
     QTableView::setModel(model);
     connect(model, &QAbstractItemModel::rowsAboutToBeInserted, this,
             &photo_table::carry_out_layouts);
+    // The columns are always the same, whatever becomes of the rows: their header needn't be painted.
+    disconnect(model, &QAbstractItemModel::layoutAboutToBeChanged, horizontalHeader(), nullptr);
+    disconnect(model, &QAbstractItemModel::layoutChanged, horizontalHeader(), nullptr);
 }
 
 void photo_table::rowsInserted(const QModelIndex &parent, int first, int last)
