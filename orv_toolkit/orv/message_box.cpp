@@ -2,9 +2,16 @@
 
 #include "orv/message_box.h"
 
+#include "orv/scrolled_text.h"
+
+#include <QCoreApplication>
 #include <QDialogButtonBox>
+#include <QEvent>
+#include <QGuiApplication>
 #include <QLabel>
+#include <QLayout>
 #include <QPushButton>
+#include <QScreen>
 
 namespace orv
 {
@@ -26,6 +33,31 @@ constexpr char box_sheet[] =
 
 constexpr char icon_label_sheet[] =
     "background: none; background-color: rgb(47,47,47); color: rgb(184,196,191);";
+
+constexpr char text_label_name[] = "qt_msgbox_label";
+
+/// What QDialog reckons with when it places a dialog and knows no frame.
+constexpr QMargins usual_frame_px(10, 40, 10, 10);
+
+/// The frame that the window manager will put around a box, which can't be asked for before the box
+/// is on the screen. The frame of the box's owner is the same, unless the owner has none or fills
+/// the screen, where frames are left out or trimmed.
+QMargins expected_frame(const QWidget *owner)
+{
+    if (!owner || !owner->isVisible() || owner->isMaximized() || owner->isFullScreen())
+        return usual_frame_px;
+    const QRect inner = owner->geometry();
+    const QRect outer = owner->frameGeometry();
+    return {inner.left() - outer.left(), inner.top() - outer.top(), outer.right() - inner.right(),
+            outer.bottom() - inner.bottom()};
+}
+
+/// The screen on which QDialog brings up a box.
+const QScreen &screen_of_box(const QWidget *owner)
+{
+    const QScreen *screen = owner ? owner->screen() : QGuiApplication::screenAt(QCursor::pos());
+    return screen ? *screen : *QGuiApplication::primaryScreen();
+}
 
 }  // namespace
 
@@ -95,6 +127,30 @@ message_box::message_box(QWidget *parent, Icon icon, const QString &title, const
     add_standard_buttons(*this, buttons, default_button);
 }
 
+/// QMessageBox makes its layout again for a style, with its own label.
+void message_box::changeEvent(QEvent *event)
+{
+    QMessageBox::changeEvent(event);
+    if (event->type() == QEvent::StyleChange && findChild<scrolled_text *>())
+        replace_label();
+}
+
+void message_box::showEvent(QShowEvent *event)
+{
+    QMessageBox::showEvent(event);
+    const QWidget *owner = parentWidget() ? parentWidget()->window() : nullptr;
+    const QRect screen = screen_of_box(owner).availableGeometry();
+    const QSize room = screen.marginsRemoved(expected_frame(owner)).size();
+    if (fits(room))
+        return;
+    scroll_text(room);
+    QDialog::showEvent(event);  // centres the box in its final size
+    const QSize spare = room - size();
+    move(qBound(screen.left(), x(), screen.left() + spare.width()),
+         qBound(screen.top(), y(), screen.top() + spare.height()));
+    setAttribute(Qt::WA_Moved, false);  // centred again when it's shown again
+}
+
 void message_box::add_standard_buttons(QMessageBox &box, StandardButtons buttons,
                                        int default_button)
 {
@@ -118,6 +174,32 @@ QMessageBox::StandardButton message_box::ask()
     if (exec() == -1)
         return Cancel;
     return standardButton(clickedButton());
+}
+
+/// A label narrower than its longest word cuts that off.
+bool message_box::fits(QSize room) const
+{
+    const auto *label = findChild<QLabel *>(text_label_name);
+    return label->isHidden() ||
+           (size().boundedTo(room) == size() && label->width() >= label->minimumSizeHint().width());
+}
+
+void message_box::scroll_text(QSize room)
+{
+    auto *label = findChild<QLabel *>(text_label_name);
+    auto *text = new scrolled_text(*label, room - (size() - label->size()), this);
+    label->hide();  // keeps the text for text() and for the clipboard
+    text->show();
+    replace_label();
+}
+
+/// Puts the scrolled text where the layout has the label, and has QMessageBox take its size by it.
+void message_box::replace_label()
+{
+    delete layout()->replaceWidget(findChild<QLabel *>(text_label_name),
+                                   findChild<scrolled_text *>());
+    QEvent request(QEvent::LayoutRequest);
+    QCoreApplication::sendEvent(this, &request);
 }
 
 }  // namespace orv

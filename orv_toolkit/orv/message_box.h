@@ -14,6 +14,9 @@ namespace orv
 ///
 /// `parent` may be null. `buttons` is the mask of the buttons shown. `default_button` is one of
 /// them or 0, with which the first button of the accept role, such as Ok, becomes the default.
+///
+/// No box is bigger than its screen, frame included: one that would be shows its text as a
+/// `scrolled_text`. `text()` is the whole text in both cases.
 class message_box : public QMessageBox
 {
     Q_OBJECT
@@ -43,12 +46,19 @@ public:
                                    const QString &yes_text, const QString &no_text,
                                    const QString &cancel_text, int default_button);
 
+protected:
+    void changeEvent(QEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+
 private:
     message_box(QWidget *parent, Icon icon, const QString &title, const QString &text,
                 StandardButtons buttons, int default_button);
 
     static void add_standard_buttons(QMessageBox &box, StandardButtons buttons, int default_button);
     StandardButton ask();
+    bool fits(QSize room) const;
+    void scroll_text(QSize room);
+    void replace_label();
 };
 
 }  // namespace orv

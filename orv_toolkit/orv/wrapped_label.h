@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QLabel>
+
+class QTextDocument;
+
+namespace orv
+{
+
+/// A label that breaks its lines between words and, where a word is wider than the label, inside
+/// of it, such as in a path without spaces. No width cuts anything off.
+///
+/// `text()`, and with it what a screen reader gets, is the text as it was given. The text is shown
+/// at the top left; it is not meant to change once the label is made.
+class wrapped_label : public QLabel
+{
+    Q_OBJECT
+
+public:
+    /// @param format  Qt::PlainText or Qt::RichText
+    wrapped_label(const QString &text, Qt::TextFormat format, QWidget *parent);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+    int heightForWidth(int width) const override;
+
+protected:
+    void changeEvent(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    QTextDocument *document;  ///< child of this; the text and its lines
+};
+
+}  // namespace orv
