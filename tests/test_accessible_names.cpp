@@ -103,6 +103,21 @@ void ask()
                                MainWindow::tr("Continue"), MainWindow::tr("Abort"), 0);
 }
 
+/// What a screen reader reads out of the texts in the window, from the first on.
+QString read_texts(const QAccessibleInterface &accessible)
+{
+    QString texts;
+    for (int i = 0; i < accessible.childCount(); ++i) {
+        const QAccessibleInterface &child = *accessible.child(i);
+        if (child.state().invisible)
+            continue;
+        if (child.role() == QAccessible::StaticText)
+            texts += child.text(QAccessible::Name) + '\n';
+        texts += read_texts(child);
+    }
+    return texts;
+}
+
 /// What the tab key can reach, in its order and from this widget on.
 QStringList tab_chain(QWidget *first)
 {
@@ -135,6 +150,8 @@ private slots:
     void formats_are_named_by_their_texts();
     void language_box_belongs_to_its_label();
     void answers_are_named_by_their_texts();
+    void text_of_a_box_is_read_data();
+    void text_of_a_box_is_read();
     void link_is_named_by_its_text();
     void progress_is_named_by_its_label();
     void tab_reaches_fields_and_formats_alone();
@@ -273,6 +290,29 @@ void test_accessible_names::answers_are_named_by_their_texts()
     look_at<QMessageBox>(ask, [&expected](const QMessageBox &box) {
         QCOMPARE(names_of({box.button(QMessageBox::Yes), box.button(QMessageBox::No)}), expected);
     });
+}
+
+void test_accessible_names::text_of_a_box_is_read_data()
+{
+    QTest::addColumn<int>("names");
+    QTest::newRow("box that fits") << 2;
+    QTest::newRow("box that scrolls") << 200;
+}
+
+/// A box that scrolls has the part that doesn't in a label of its own.
+void test_accessible_names::text_of_a_box_is_read()
+{
+    QFETCH(int, names);
+    const QString text = "Names:\n" + QString("/a/name.JPG\n").repeated(names) + "\n A question";
+    look_at<QMessageBox>(
+        [&text] {
+            orv::message_box::question(nullptr, MainWindow::tr("Continue?"), text,
+                                       QMessageBox::Yes | QMessageBox::No, 0);
+        },
+        [&text](QMessageBox &box) {
+            const QString read = read_texts(*QAccessible::queryAccessibleInterface(&box));
+            QCOMPARE(read.split('\n', Qt::SkipEmptyParts), text.split('\n', Qt::SkipEmptyParts));
+        });
 }
 
 void test_accessible_names::link_is_named_by_its_text()

@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "exif_cache.h"
+#include "orv/message_box.h"
 #include "stand_in_road.h"
 #include "test_main.h"
+#include "when_modal.h"
+
+#include <QScreen>
 
 Q_DECLARE_METATYPE(box_reply)
 
@@ -22,6 +26,8 @@ private slots:
     void failures_are_reported_by_path();
     void changes_are_undone_unless_kept_data();
     void changes_are_undone_unless_kept();
+    void answer_to_many_failures_is_seen_and_taken_data();
+    void answer_to_many_failures_is_seen_and_taken();
     void failed_photo_is_not_undone();
     void progress_counts_the_rows();
     void progress_is_hidden_after_an_empty_batch();
@@ -206,6 +212,52 @@ void test_fix_batch::changes_are_undone_unless_kept()
     if (undone)
         QVERIFY(
             road.writes().last().second.contains("-ExifIFD:DateTimeOriginal=2017:05:03 12:00:00"));
+}
+
+void test_fix_batch::answer_to_many_failures_is_seen_and_taken_data()
+{
+    QTest::addColumn<QList<int>>("keys");
+    QTest::addColumn<int>("clicked_button");
+    QTest::addColumn<bool>("undone");
+    using keys = QList<int>;
+    const int none = QMessageBox::NoButton;
+    QTest::newRow("Return") << keys{Qt::Key_Return} << none << false;
+    QTest::newRow("Return at the last name") << keys{Qt::Key_End, Qt::Key_Return} << none << false;
+    QTest::newRow("Tab and Space")
+        << keys{Qt::Key_Down, Qt::Key_Tab, Qt::Key_Space} << none << true;
+    QTest::newRow("Escape") << keys{Qt::Key_PageDown, Qt::Key_Escape} << none << true;
+    QTest::newRow("Keep changes") << keys{} << int{QMessageBox::Yes} << false;
+    QTest::newRow("Undo Changes") << keys{Qt::Key_End} << int{QMessageBox::No} << true;
+}
+
+/// By the events of the platform: a button off the screen would get none.
+void test_fix_batch::answer_to_many_failures_is_seen_and_taken()
+{
+    QFETCH(QList<int>, keys);
+    QFETCH(int, clicked_button);
+    QFETCH(bool, undone);
+    road.load_dated_photo("written.jpg");
+    for (int number = 0; number < 100; ++number) {
+        const QString name = QString("%1.jpg").arg(number);
+        road.load_dated_photo(name);
+        road.tool.refuse_writes(name);
+    }
+    const when_modal<orv::message_box> user([&](orv::message_box &box) {
+        QVERIFY(QTest::qWaitForWindowActive(&box));
+        QVERIFY(box.screen()->availableGeometry().contains(box.frameGeometry()));
+        for (const int key : keys)
+            QTest::keyClick(box.windowHandle(), static_cast<Qt::Key>(key));
+        if (const auto *button =
+                box.button(static_cast<QMessageBox::StandardButton>(clicked_button)))
+            QTest::mouseClick(box.windowHandle(), Qt::LeftButton, {},
+                              button->mapTo(&box, button->rect().center()));
+        QVERIFY(!box.isVisible());
+    });
+    click(road.window->button_fix_time);
+
+    QVERIFY(user.answered());
+    QCOMPARE(road.window->undo_map.keys(), undone ? QStringList() : in_folder({"written.jpg"}));
+    QCOMPARE(road.written_names().count("written.jpg"), undone ? 2 : 1);
 }
 
 void test_fix_batch::failed_photo_is_not_undone()

@@ -3,6 +3,7 @@
 #include "datetime_format.h"
 #include "datetime_format_form.h"
 #include "orv/radio.h"
+#include "orv/wrapped_label.h"
 #include "program_screens.h"
 #include "program_setup.h"
 #include "shown_texts.h"
@@ -20,6 +21,7 @@
 #include <QRadioButton>
 #include <QRawFont>
 #include <QRegion>
+#include <QScrollArea>
 #include <QTableView>
 
 #include <functional>
@@ -54,13 +56,26 @@ QStringList cut_texts(const QList<shown_text> &texts)
     return cut;
 }
 
+/// What must be seen of the widget: all of it, but for what its scroll area has above and below.
+QRect shown_part(const QWidget &widget)
+{
+    const QWidget *view = widget.parentWidget();
+    const auto *area = view ? qobject_cast<QScrollArea *>(view->parentWidget()) : nullptr;
+    if (!area || area->widget() != &widget)
+        return widget.rect();
+    QRect part = widget.rect();
+    part.setTop(qMax(part.top(), -widget.y()));
+    part.setBottom(qMin(part.bottom(), view->height() - 1 - widget.y()));
+    return part;
+}
+
 /// The texts of widgets of which a part is hidden, by the edge of what they stand in or by others.
 QStringList hidden_texts(const QList<shown_text> &texts)
 {
     QStringList hidden;
     for (const shown_text &shown : texts) {
         const QWidget &widget = *shown.widget;
-        if (!QRegion(widget.rect()).subtracted(widget.visibleRegion()).isEmpty())
+        if (!QRegion(shown_part(widget)).subtracted(widget.visibleRegion()).isEmpty())
             hidden << shown.text;
     }
     return hidden;
@@ -68,7 +83,8 @@ QStringList hidden_texts(const QList<shown_text> &texts)
 
 QRect place_of(const QWidget &widget)
 {
-    return {widget.mapTo(widget.window(), QPoint()), widget.size()};
+    const QRect part = shown_part(widget);
+    return {widget.mapTo(widget.window(), part.topLeft()), part.size()};
 }
 
 QStringList overlapping_texts(const QList<shown_text> &texts)
@@ -182,6 +198,14 @@ std::shared_ptr<QWidget> make_wrapped_label()
     return label;
 }
 
+/// As high as the words need beside each other.
+std::shared_ptr<QWidget> make_broken_label()
+{
+    auto label = std::make_shared<orv::wrapped_label>("some words", Qt::PlainText, nullptr);
+    label->setFixedHeight(label->heightForWidth(400));
+    return label;
+}
+
 std::shared_ptr<QWidget> make_combobox()
 {
     auto box = std::make_shared<QComboBox>();
@@ -248,6 +272,7 @@ void test_texts_fit::cut_text_is_seen_data()
     row("radio button", [] { return make_widget<QRadioButton>("some words"); });
     row("check box", [] { return make_widget<QCheckBox>("some words"); });
     row("wrapped label", make_wrapped_label);
+    row("label that breaks words", make_broken_label);
     row("combo box", make_combobox);
     row("line", [] { return make_widget<QLineEdit>("some words"); });
     row("progress bar", make_progress_bar);

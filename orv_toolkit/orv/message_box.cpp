@@ -141,14 +141,12 @@ void message_box::showEvent(QShowEvent *event)
     const QWidget *owner = parentWidget() ? parentWidget()->window() : nullptr;
     const QRect screen = screen_of_box(owner).availableGeometry();
     const QSize room = screen.marginsRemoved(expected_frame(owner)).size();
-    if (fits(room))
-        return;
-    scroll_text(room);
-    QDialog::showEvent(event);  // centres the box in its final size
-    const QSize spare = room - size();
-    move(qBound(screen.left(), x(), screen.left() + spare.width()),
-         qBound(screen.top(), y(), screen.top() + spare.height()));
-    setAttribute(Qt::WA_Moved, false);  // centred again when it's shown again
+    if (!fits(room)) {
+        scroll_text(room);
+        QDialog::showEvent(event);  // centres the box in its final size
+    }
+    if (findChild<scrolled_text *>())
+        move_into({screen.topLeft(), room});
 }
 
 void message_box::add_standard_buttons(QMessageBox &box, StandardButtons buttons,
@@ -191,6 +189,15 @@ void message_box::scroll_text(QSize room)
     label->hide();  // keeps the text for text() and for the clipboard
     text->show();
     replace_label();
+}
+
+/// QDialog leaves no room for the lower and the right edge of the frame.
+void message_box::move_into(const QRect &room)
+{
+    const QSize spare = room.size() - size();
+    move(qBound(room.left(), x(), room.left() + spare.width()),
+         qBound(room.top(), y(), room.top() + spare.height()));
+    setAttribute(Qt::WA_Moved, false);  // QDialog centres it again when it's shown again
 }
 
 /// Puts the scrolled text where the layout has the label, and has QMessageBox take its size by it.

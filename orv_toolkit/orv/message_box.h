@@ -58,6 +58,7 @@ private:
     StandardButton ask();
     bool fits(QSize room) const;
     void scroll_text(QSize room);
+    void move_into(const QRect &room);
     void replace_label();
 };
 

@@ -101,6 +101,7 @@ scrolled_text::scrolled_text(const QLabel &label, QSize room, QWidget *parent) :
     column->addWidget(area, 1);
     if (question) {
         column->addWidget(question);
+        question->raise();  // screen readers go by the order of the widgets
         height += column->spacing() + question->heightForWidth(text_width);
     }
     needed = QSize(margin + text_width, height);

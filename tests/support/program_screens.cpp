@@ -246,15 +246,30 @@ void open_early_warning(stand_in_road &road, const screen_visit &visit)
     open_box_of_a_fix(road, visit);
 }
 
-void open_failure_box(stand_in_road &road, const screen_visit &visit)
+/// A fix in which none of these photos can be written.
+void open_box_of_failures(stand_in_road &road, const QStringList &names, const screen_visit &visit)
 {
     QStringList paths;
-    for (const QString name : {"P1080318.JPG", "P1080320 - Grüße aus dem Urlaub.JPG"}) {
+    for (const QString &name : names) {
         paths << road.make_photo(name, {"ExifIFD:DateTimeOriginal=2017:05:03 12:00:00"});
         road.tool.refuse_writes(name);
     }
     drop_photos(*road.window, paths);
     open_box_of_a_fix(road, visit);
+}
+
+void open_failure_box(stand_in_road &road, const screen_visit &visit)
+{
+    open_box_of_failures(road, {"P1080318.JPG", "P1080320 - Grüße aus dem Urlaub.JPG"}, visit);
+}
+
+/// More names than the screen has lines, one of them wider than the screen.
+void open_large_failure_box(stand_in_road &road, const screen_visit &visit)
+{
+    QStringList names(QString(200, 'x') + ".JPG");
+    for (int number = 100; number < 200; ++number)
+        names << QString("P1080%1 - Grüße aus dem Urlaub.JPG").arg(number);
+    open_box_of_failures(road, names, visit);
 }
 
 }  // namespace
@@ -282,6 +297,7 @@ const std::vector<program_screen> program_screens = {
     {"zone warning", open_zone_warning},
     {"early warning", open_early_warning},
     {"failure box", open_failure_box},
+    {"large failure box", open_large_failure_box},
 };
 
 void add_screen_rows(const QString &left_out)

@@ -2,6 +2,8 @@
 
 #include "shown_texts.h"
 
+#include "orv/wrapped_label.h"
+
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QCheckBox>
@@ -65,10 +67,14 @@ shown_text rich_text_of(const QLabel &label)
 
 shown_text text_of(const QLabel &label)
 {
+    const QRect room = room_of(label);
+    if (const auto *wrapped = qobject_cast<const orv::wrapped_label *>(&label))
+        return {
+            label.text(), label.font(), {0, wrapped->heightForWidth(room.width())}, room, &label};
     const bool is_rich = label.textFormat() == Qt::RichText || Qt::mightBeRichText(label.text());
     if (is_rich)
         return rich_text_of(label);
-    return {label.text(), label.font(), wrapped_size(label), room_of(label), &label};
+    return {label.text(), label.font(), wrapped_size(label), room, &label};
 }
 
 shown_text text_of(const QAbstractButton &button)
