@@ -194,6 +194,21 @@ shoot_batches() {
     take_batch fixing
 }
 
+# All photos of the load, more than the screen has lines.
+shoot_many_failures() {
+    select_photos "$photos/many"
+    xdotool key Return
+    sleep 2
+    wait_until is_active "$main"
+    rm "$photos/many/"*.JPG
+    point_at_fix
+    xdotool click 1
+    sleep 2
+    find_dialog_over "$main"
+    take failure_many "$dialog"
+    close_dialog_over "$main"
+}
+
 # --- Runs -------------------------------------------------------------------------------------
 
 start_program() {
@@ -245,6 +260,7 @@ shoot_all_screens() {
     shoot_warnings
     shoot_failure
     shoot_batches
+    shoot_many_failures
     end_program
 }
 

@@ -187,6 +187,7 @@ private slots:
     void box_is_no_bigger_than_its_screen_data();
     void box_is_no_bigger_than_its_screen();
     void box_leaves_room_for_its_frame();
+    void box_leaves_room_for_its_frame_over_a_maximized_window();
     void box_stays_on_the_screen_beside_its_owner();
     void start_and_question_are_in_sight();
     void text_without_a_question_scrolls_as_a_whole_data();
@@ -304,6 +305,21 @@ void test_scrolled_text::box_leaves_room_for_its_frame()
     });
 }
 
+/// A window that fills the screen may have no frame, or a part of one.
+void test_scrolled_text::box_leaves_room_for_its_frame_over_a_maximized_window()
+{
+    QWidget owner;
+    owner.showMaximized();
+    QVERIFY(QTest::qWaitForWindowExposed(&owner));
+    open_box(
+        list_of(many),
+        [](message_box &box) {
+            const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+            QCOMPARE(box.height(), screen.marginsRemoved(least_frame_px).height());
+        },
+        &owner);
+}
+
 /// QDialog counts the title bar alone when it moves a box up.
 void test_scrolled_text::box_stays_on_the_screen_beside_its_owner()
 {
@@ -326,6 +342,10 @@ void test_scrolled_text::start_and_question_are_in_sight()
         QVERIFY(labels[0]->visibleRegion().boundingRect().top() == 0);
         QVERIFY(labels[0]->visibleRegion().boundingRect().height() > 350);
         QVERIFY(is_in_sight(*labels[1]));
+        const QWidget &view = *box.findChild<QScrollArea *>();
+        const int gap =
+            labels[1]->mapTo(&box, QPoint()).y() - view.mapTo(&box, QPoint(0, view.height())).y();
+        QCOMPARE(gap, box.fontMetrics().lineSpacing());
     });
 }
 
@@ -509,6 +529,9 @@ void test_scrolled_text::wide_name_wraps_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<bool>("scrolls");
+    QTest::newRow("one name") << long_name(300) + "\n\n" + question << false;
+    QTest::newRow("one name and a long question")
+        << long_name(120) + "\n\n" + QString("some words ").repeated(40) << false;
     QTest::newRow("few names") << list_of(2) + "\n" + long_name(300) + "\n\n" + question << false;
     QTest::newRow("many names") << list_of(many) + "\n" + long_name(300) + "\n\n" + question
                                 << true;
@@ -525,9 +548,11 @@ void test_scrolled_text::wide_name_wraps()
         const int lines = names.text().count('\n') + 1;
         QVERIFY(names.height() >= (lines + 1) * line);
         QCOMPARE(names.visibleRegion().boundingRect().width(), names.width());
-        QVERIFY(is_in_sight(*labels_of(box)[1]));
         if (!scrolls)
             QVERIFY(is_in_sight(names));
+        for (const wrapped_label *label : labels_of(box))
+            QVERIFY(label->height() >= label->heightForWidth(label->width()));
+        QVERIFY(is_in_sight(*labels_of(box)[1]));
     });
 }
 

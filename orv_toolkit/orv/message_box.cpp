@@ -197,7 +197,6 @@ void message_box::move_into(const QRect &room)
     const QSize spare = room.size() - size();
     move(qBound(room.left(), x(), room.left() + spare.width()),
          qBound(room.top(), y(), room.top() + spare.height()));
-    setAttribute(Qt::WA_Moved, false);  // QDialog centres it again when it's shown again
 }
 
 /// Puts the scrolled text where the layout has the label, and has QMessageBox take its size by it.

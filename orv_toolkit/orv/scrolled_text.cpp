@@ -33,14 +33,7 @@ Qt::TextFormat format_of(const QLabel &label)
     return is_rich ? Qt::RichText : Qt::PlainText;
 }
 
-/// What the label leaves free to the left of its text.
-int left_margin(const QLabel &label)
-{
-    return label.contentsMargins().left() + qMax(0, label.indent());
-}
-
 /// A text and, of a plain one with an empty line in it, the paragraph below the last such line.
-/// Line ends below that paragraph are part of it.
 struct parted_text {
     QString start;
     QString last_paragraph;
@@ -48,10 +41,7 @@ struct parted_text {
 
 parted_text part(const QString &text, Qt::TextFormat format)
 {
-    int end = text.size();
-    while (end > 0 && text[end - 1] == '\n')
-        --end;
-    const int line = text.left(end).lastIndexOf(empty_line);
+    const int line = text.lastIndexOf(empty_line);
     if (format == Qt::RichText || line < 0)
         return {text, QString()};
     return {text.left(line), text.mid(line + empty_line.size())};
@@ -73,7 +63,6 @@ QScrollArea *make_area(wrapped_label *text, QWidget *parent)
     auto *area = new QScrollArea(parent);
     area->setFrameShape(QFrame::NoFrame);
     area->setFocusPolicy(Qt::NoFocus);
-    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
     area->setWidgetResizable(true);
     area->verticalScrollBar()->setSingleStep(text->fontMetrics().lineSpacing());
@@ -88,15 +77,14 @@ scrolled_text::scrolled_text(const QLabel &label, QSize room, QWidget *parent) :
 {
     const Qt::TextFormat format = format_of(label);
     const auto [start, last_paragraph] = part(label.text(), format);
-    const int margin = left_margin(label);
-    const int text_width = qMin(label.width(), room.width()) - margin;
+    const int text_width = qMin(label.width(), room.width());
     auto *question = make_question(last_paragraph, {text_width, room.height()}, this);
     auto *scrolled = new wrapped_label(question ? start : label.text(), format, this);
     int height = scrolled->heightForWidth(text_width);
     area = make_area(scrolled, this);
 
     auto *column = new QVBoxLayout(this);
-    column->setContentsMargins(margin, 0, 0, 0);
+    column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(fontMetrics().lineSpacing());
     column->addWidget(area, 1);
     if (question) {
@@ -104,11 +92,11 @@ scrolled_text::scrolled_text(const QLabel &label, QSize room, QWidget *parent) :
         question->raise();  // screen readers go by the order of the widgets
         height += column->spacing() + question->heightForWidth(text_width);
     }
-    needed = QSize(margin + text_width, height);
+    needed = QSize(text_width, height);
     if (height > room.height())
         add_scrolling();
     needed = needed.boundedTo(room);
-    // The question is higher in less width, by which a layout would go instead.
+    // The box's layout would go by a height for the width, in which the area has no share.
     setFixedHeight(needed.height());
 }
 

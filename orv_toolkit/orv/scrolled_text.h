@@ -22,7 +22,7 @@ class scrolled_text : public QWidget
     Q_OBJECT
 
 public:
-    /// @param label  shows the text now; its text, its width and its margin are taken over
+    /// @param label  shows the text now; its text and its width are taken over
     /// @param room   the most that this may ask for
     scrolled_text(const QLabel &label, QSize room, QWidget *parent);
 

@@ -82,7 +82,6 @@ void wrapped_label::paintEvent(QPaintEvent *event)
     QAbstractTextDocumentLayout::PaintContext context;
     context.clip = event->rect();
     context.palette = palette();
-    context.palette.setColor(QPalette::Text, palette().color(foregroundRole()));
     document->documentLayout()->draw(&painter, context);
 }
 
