@@ -23,8 +23,8 @@ class progress_dialog;
 /// The program's window: builds the screen and turns clicks into commands.
 ///
 /// Lives on the GUI thread. The batches (load, fix, undo) run inside of the click that starts them
-/// and block it, a request to the metadata tool for each file; between two files events are served,
-/// so the window stays painted and, during a fix or an undo, takes input.
+/// and block it, a request to the metadata tool for each file. The window is painted while the tool
+/// works; between two files events are served, during a fix or an undo the user's too.
 class MainWindow : public QMainWindow
 {
     Q_OBJECT

@@ -122,6 +122,7 @@ QStringList MainWindow::fix_all_rows()
 {
     QStringList failed_files;
     for (int row = 0; row < model->rowCount(); ++row) {
+        progress.set_steps(model->rowCount());
         const photo_row photo = read_row(row);
         const bool has_times = photo.old_time.isValid() && photo.new_time.isValid();
         if (has_times && !fix_photo(photo))

@@ -45,7 +45,7 @@ public:
     drops_refused(const drops_refused &) = delete;
     drops_refused &operator=(const drops_refused &) = delete;
 
-    /// The drop of a drag that came in before still arrives.
+    /// A drag that entered before the load still delivers its drop.
     bool eventFilter(QObject *watched, QEvent *event) override
     {
         return event->type() == QEvent::Drop || QObject::eventFilter(watched, event);

@@ -9,28 +9,44 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QThread>
-#include <QWindow>
+
+#include <algorithm>
 
 namespace
 {
 
-constexpr int expose_limit_ms = 1000;
-constexpr int expose_poll_ms = 1;
-constexpr int settle_limit_ms = 50;
+constexpr int paint_limit_ms = 1000;
+constexpr int poll_ms = 1;
+constexpr int uncovered_wait_ms = 50;
 
-/// Until the window system has shown the dialog, and it is painted and all that it uncovered:
-/// during a request that couldn't be. The window manager takes the time that it needs, and a
-/// minimised program isn't shown at all.
+void serve_window_system()
+{
+    QThread::msleep(poll_ms);
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+/// Returns when the dialog is on the screen and painted. That can't happen during a request, when
+/// no events are served, and the window manager takes the time that it needs. What was uncovered
+/// before the dialog came up is exposed before it, and so is painted too. The windows of a
+/// minimised program aren't shown at all.
 void wait_until_painted(const QWidget &dialog)
 {
     QElapsedTimer waited;
     waited.start();
-    while (!dialog.windowHandle()->isExposed() && !dialog.parentWidget()->isMinimized() &&
-           !waited.hasExpired(expose_limit_ms)) {
-        QThread::msleep(expose_poll_ms);
-        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-    }
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, settle_limit_ms);
+    while (!dialog.testAttribute(Qt::WA_Mapped) && !dialog.parentWidget()->isMinimized() &&
+           !waited.hasExpired(paint_limit_ms))
+        serve_window_system();
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, uncovered_wait_ms);
+}
+
+/// Until what a hidden dialog has uncovered is painted. Nothing tells when the window system has
+/// reported all of it.
+void wait_until_uncovered()
+{
+    QElapsedTimer waited;
+    waited.start();
+    while (!waited.hasExpired(uncovered_wait_ms))
+        serve_window_system();
 }
 
 }  // namespace
@@ -67,6 +83,16 @@ void batch_progress::start(orv::progress_dialog *dialog, int steps)
         wait_until_painted(*dialog);
 }
 
+void batch_progress::set_steps(int steps)
+{
+    batch &innermost = batches.last();
+    if (innermost.steps == steps)
+        return;
+    paint_collected();
+    innermost.steps = steps;
+    show(innermost);
+}
+
 void batch_progress::step(int done, int steps)
 {
     if (collects)
@@ -75,8 +101,11 @@ void batch_progress::step(int done, int steps)
     batch &innermost = batches.last();
     innermost.done = done;
     innermost.steps = steps;
+    const bool was_visible = innermost.dialog->isVisible();
     innermost.dialog->setRange(0, steps);
     innermost.dialog->setValue(done);
+    if (innermost.dialog->isVisible() && !was_visible)
+        wait_until_painted(*innermost.dialog);
 }
 
 void batch_progress::end()
@@ -84,9 +113,13 @@ void batch_progress::end()
     paint_collected();
     const batch ended = batches.takeLast();
     ended.dialog->reset();
-    const bool is_inside = !batches.isEmpty() && batches.last().dialog == ended.dialog;
-    if (is_inside && batches.last().done < batches.last().steps)
-        show(batches.last());
+    const auto outer = std::find_if(batches.rbegin(), batches.rend(), [&ended](const batch &other) {
+        return other.dialog == ended.dialog;
+    });
+    if (outer != batches.rend() && outer->done < outer->steps)
+        show(*outer);
+    else if (!batches.isEmpty())
+        wait_until_uncovered();
 }
 
 bool batch_progress::eventFilter(QObject *watched, QEvent *event)

@@ -2,11 +2,13 @@
 
 #include "photo_table.h"
 
+#include "steady_scroll_bar.h"
+
 #include <QHeaderView>
-#include <QScrollBar>
 
 photo_table::photo_table(QWidget *parent) : QTableView(parent)
 {
+    setVerticalScrollBar(new steady_scroll_bar(Qt::Vertical));
     // The base class would lay itself out; what a new row needs is done in `rowsInserted`.
     disconnect(verticalHeader(), &QHeaderView::sectionCountChanged, this, nullptr);
     connect(verticalHeader(), &QHeaderView::sectionCountChanged, this, [this](int before, int now) {
@@ -20,7 +22,8 @@ void photo_table::setModel(QAbstractItemModel *model)
     QTableView::setModel(model);
     connect(model, &QAbstractItemModel::rowsAboutToBeInserted, this,
             &photo_table::carry_out_layouts);
-    // The columns are always the same, whatever becomes of the rows: their header needn't be painted.
+    // The columns are always the same, whatever becomes of the rows: their header needn't be
+    // painted.
     disconnect(model, &QAbstractItemModel::layoutAboutToBeChanged, horizontalHeader(), nullptr);
     disconnect(model, &QAbstractItemModel::layoutChanged, horizontalHeader(), nullptr);
 }
@@ -39,5 +42,5 @@ void photo_table::rowsInserted(const QModelIndex &parent, int first, int last)
 void photo_table::carry_out_layouts()
 {
     executeDelayedItemsLayout();
-    verticalHeader()->visualIndexAt(0);  // as above, by a question that needs the places
+    verticalHeader()->visualIndexAt(0);  // the header's layout too: any query of a position does it
 }

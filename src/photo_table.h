@@ -4,7 +4,7 @@
 
 #include <QTableView>
 
-/// The view of the photo table: paints, for a row that comes in, that row alone.
+/// The view of the photo table: repaints only the new row when one is inserted.
 ///
 /// A plain QTableView lays itself out and paints all of itself for each row, which in a load costs
 /// as much time as the metadata tool takes for a photo. What else hangs on the number of rows, such

@@ -71,9 +71,12 @@ private slots:
     void last_step_is_painted_at_once();
     void step_is_painted_before_the_program_waits_for_events();
     void nothing_is_collected_after_the_end();
-    void later_step_takes_more_steps_into_the_range();
+    void step_takes_a_new_number_of_steps();
+    void more_steps_are_shown_before_the_next_data();
+    void more_steps_are_shown_before_the_next();
     void batch_gets_its_dialog_back_data();
     void batch_gets_its_dialog_back();
+    void batch_gets_its_dialog_back_past_another_dialog();
     void batch_that_is_done_does_not_get_its_dialog_back();
 
 private:
@@ -179,12 +182,34 @@ void test_batch_progress::nothing_is_collected_after_the_end()
     QVERIFY(paint.painted);
 }
 
-void test_batch_progress::later_step_takes_more_steps_into_the_range()
+void test_batch_progress::step_takes_a_new_number_of_steps()
 {
-    progress->start(dialog, 1);
-    progress->step(1, 2);
-    QCOMPARE(dialog->maximum(), 2);
+    progress->start(dialog, steps);
+    progress->step(1, steps + 1);
+    QCOMPARE(dialog->maximum(), steps + 1);
+    QCOMPARE(dialog->value(), 1);
+}
+
+void test_batch_progress::more_steps_are_shown_before_the_next_data()
+{
+    QTest::addColumn<int>("done");
+    QTest::newRow("before the first step") << 0;
+    QTest::newRow("in the middle") << 2;
+    QTest::newRow("after the last step, which hides the dialog") << steps;
+}
+
+void test_batch_progress::more_steps_are_shown_before_the_next()
+{
+    QFETCH(int, done);
+    progress->start(dialog, steps);
+    progress->step(done, steps);
+    progress->set_steps(steps);
+    QCOMPARE(dialog->isVisible(), done < steps);
+    progress->set_steps(steps + 2);
     QVERIFY(dialog->isVisible());
+    QCOMPARE(dialog->maximum(), steps + 2);
+    QCOMPARE(dialog->value(), done);
+    QCOMPARE(painted->values.last(), done);
 }
 
 void test_batch_progress::batch_gets_its_dialog_back_data()
@@ -208,6 +233,19 @@ void test_batch_progress::batch_gets_its_dialog_back()
     QCOMPARE(dialog->maximum(), steps);
     QCOMPARE(dialog->value(), done);
     QCOMPARE(painted->values.last(), done);
+}
+
+void test_batch_progress::batch_gets_its_dialog_back_past_another_dialog()
+{
+    auto *other = new orv::progress_dialog(window.get());
+    other->set_up("Title", "Label", "%v of %m");
+    progress->start(dialog, steps);
+    progress->start(other, steps);
+    progress->start(dialog, 1);
+    progress->step(1, 1);
+    progress->end();
+    QVERIFY(dialog->isVisible());
+    QCOMPARE(dialog->maximum(), steps);
 }
 
 void test_batch_progress::batch_that_is_done_does_not_get_its_dialog_back()

@@ -4,6 +4,7 @@
 #include "folder_files.h"
 #include "test_main.h"
 #include "watched_program.h"
+#include "window_road.h"
 
 #include <memory>
 
@@ -23,62 +24,86 @@ class test_refused_drops : public QObject
     Q_OBJECT
 
 private slots:
-    void drop_during_a_load_is_refused_and_the_next_one_taken();
+    void init();
+    void drag_that_enters_during_a_load_is_refused();
+    void drop_of_a_drag_that_entered_before_a_load_is_refused();
 
 private:
-    void drop_during_the_load();
+    void start(const QString &steps);
+    void drop_again();
 
-    watched_program program;
-    expected_screens expected;
+    std::unique_ptr<watched_program> program;
     std::unique_ptr<drag_source> source;
+    expected_screens expected;
+    QString loaded_folder;
+    QString dropped_folder;
     QPoint place;  ///< in the drop area, on the screen
 };
 
+void test_refused_drops::init()
+{
+    program = std::make_unique<watched_program>();
+    loaded_folder = program->make_photos("loaded", photo_count);
+    dropped_folder = program->make_photos("dropped", photo_count);
+}
+
+void test_refused_drops::start(const QString &steps)
+{
+    program->start(steps);
+    source = std::make_unique<drag_source>(QStringList{dropped_folder});
+    place = place_of(program->main_window()).topLeft() + drop_place;
+}
+
+/// Waits for the end of the load, in which nothing else was read, and drops the files then.
+void test_refused_drops::drop_again()
+{
+    QTRY_COMPARE(program->read_paths(), folder_files(loaded_folder));
+    source->drag_to(place, [] { return drag_source::cursor_takes(); });
+    QVERIFY(source->taken);
+    QTRY_COMPARE(program->read_paths(), folder_files(loaded_folder) + folder_files(dropped_folder));
+}
+
 /// The drag comes over the drop area while the tool is held at a photo, and the drop at a later
 /// one.
-void test_refused_drops::drop_during_the_load()
+void test_refused_drops::drag_that_enters_during_a_load_is_refused()
 {
-    QVERIFY(program.waits_at(drag_comes_at));
+    for (const int photo : {drag_comes_at, drop_comes_at, drop_comes_at + 1})
+        program->tool.hold(photo);
+    start("open " + loaded_folder);
+    QVERIFY(program->waits_at(drag_comes_at));
     bool cursor_refused = false;
     source->drag_to(place, [&] {
-        program.tool.let_go(drag_comes_at);
-        cursor_refused = program.tool.holds(drop_comes_at) && drag_source::cursor_refuses();
+        program->tool.let_go(drag_comes_at);
+        cursor_refused = program->tool.holds(drop_comes_at) && drag_source::cursor_refuses();
         return cursor_refused;
     });
     QVERIFY(cursor_refused);
     QVERIFY(!source->taken);
-    program.tool.let_go(drop_comes_at);
-    QVERIFY(program.waits_at(drop_comes_at + 1));
-    QStringList loaded = program.read_paths();
+
+    program->tool.let_go(drop_comes_at);
+    QVERIFY(program->waits_at(drop_comes_at + 1));
+    QStringList loaded = program->read_paths();
     loaded.removeLast();
     expected.set_photos(loaded);
-    QVERIFY(program.shows(expected, expected.load_progress(drop_comes_at, photo_count)));
-    program.tool.let_go(drop_comes_at + 1);
+    QVERIFY(program->shows(expected, expected.load_progress(drop_comes_at, photo_count)));
+    program->tool.let_go(drop_comes_at + 1);
+    drop_again();
 }
 
-void test_refused_drops::drop_during_a_load_is_refused_and_the_next_one_taken()
+/// The source has the word that the drop will be taken, so it drops.
+void test_refused_drops::drop_of_a_drag_that_entered_before_a_load_is_refused()
 {
-    const QString loaded_folder = program.make_photos("loaded", photo_count);
-    const QString dropped_folder = program.make_photos("dropped", photo_count);
-    for (const int photo : {drag_comes_at, drop_comes_at, drop_comes_at + 1})
-        program.tool.hold(photo);
-    program.start("open " + loaded_folder);
-    source = std::make_unique<drag_source>(QStringList{dropped_folder});
-    place = place_of(program.main_window()).topLeft() + drop_place;
-
-    drop_during_the_load();
-    if (QTest::currentTestFailed())
-        return;
-    QTRY_COMPARE(program.read_paths(), folder_files(loaded_folder));
-
-    bool cursor_refused = true;
+    const QString sign = loaded_folder + ".load";
+    program->tool.hold(drop_comes_at);
+    start("when " + sign + " open " + loaded_folder);
     source->drag_to(place, [&] {
-        cursor_refused = drag_source::cursor_refuses();
-        return !cursor_refused;
+        if (drag_source::cursor_takes())
+            make_file(sign);
+        return program->tool.holds(drop_comes_at);
     });
-    QVERIFY(!cursor_refused);
-    QVERIFY(source->taken);
-    QTRY_COMPARE(program.read_paths(), folder_files(loaded_folder) + folder_files(dropped_folder));
+    QVERIFY(program->tool.holds(drop_comes_at));
+    program->tool.let_go(drop_comes_at);
+    drop_again();
 }
 
 KELVRA_TEST_MAIN(test_refused_drops)

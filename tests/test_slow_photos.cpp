@@ -30,6 +30,8 @@ private slots:
     void init() { program = std::make_unique<watched_program>(); }
     void screen_is_exact_whenever_the_program_waits();
     void screen_is_exact_after_a_load_inside_of_another();
+    void screen_is_exact_after_a_load_inside_of_a_fix_data();
+    void screen_is_exact_after_a_load_inside_of_a_fix();
     void screen_is_exact_when_the_tool_has_died();
 
 private:
@@ -90,6 +92,35 @@ void test_slow_photos::screen_is_exact_after_a_load_inside_of_another()
     expected.set_undo_enabled(false);
     expected.set_photos(paths);
     QVERIFY(program->shows(expected, expected.load_progress(photos_before, photo_count)));
+}
+
+void test_slow_photos::screen_is_exact_after_a_load_inside_of_a_fix_data()
+{
+    QTest::addColumn<int>("photos_before");
+    QTest::newRow("before the first photo") << 0;
+    QTest::newRow("in the middle") << 3;
+    QTest::newRow("after the last photo") << photo_count;
+}
+
+void test_slow_photos::screen_is_exact_after_a_load_inside_of_a_fix()
+{
+    QFETCH(int, photos_before);
+    constexpr int photos_inside = 2;
+    const QString folder = program->make_photos("photo", photo_count);
+    const QString inner_folder = program->make_photos("inner", photos_inside);
+    const int held_request = photo_count + photos_before + photos_inside + 1;
+    program->tool.hold(held_request);
+    program->start(QString("open %1;at fix %2 open %3;click fix")
+                       .arg(folder)
+                       .arg(photos_before)
+                       .arg(inner_folder));
+    QVERIFY(program->waits_at(held_request));
+    QStringList paths = folder_files(inner_folder) + folder_files(folder);
+    std::sort(paths.begin(), paths.end());
+    expected.set_undo_enabled(false);
+    expected.set_photos(paths);
+    QVERIFY(program->shows(expected,
+                           expected.fix_progress(photos_before, photo_count + photos_inside)));
 }
 
 /// The program waits for ever then, and can't send the request that it waits for.

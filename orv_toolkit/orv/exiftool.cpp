@@ -112,6 +112,7 @@ exiftool::exiftool(construction_key) : ready_marker(ready_text)
         proc, &QProcess::readyReadStandardError, this, [this] { relay_standard_error(); },
         Qt::DirectConnection);
     connect(proc, &QProcess::bytesWritten, this, tell_request_sent);
+    connect(proc, &QProcess::errorOccurred, this, tell_request_sent);
     proc->setReadChannel(QProcess::StandardOutput);
     proc->start(path, arguments, QIODevice::ReadWrite | QIODevice::Text | QIODevice::Unbuffered);
     started = proc->waitForStarted(start_timeout_ms);
@@ -206,7 +207,7 @@ void exiftool::set_quiet(bool on)
 
 bool exiftool::quits_in_time()
 {
-    on_request_sent = nullptr;  // nobody is left to do anything meanwhile
+    on_request_sent = nullptr;  // the windows are gone or won't be used again
     write_to_proc("-stay_open\nFalse\n");
     return proc->waitForFinished(quit_timeout_ms);
 }

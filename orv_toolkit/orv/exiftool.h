@@ -42,9 +42,10 @@ public:
     /// inside of a request has the tool quit behind that request.
     static std::shared_ptr<exiftool> instance();
 
-    /// Has `action` called each time that a part of a request has gone down to the tool, and when a
-    /// second has brought no reply: what it does costs no time, since the tool works meanwhile. It
-    /// must make no request and run no event loop. An empty one ends that. Doesn't start the tool.
+    /// Calls `action` each time that a part of a request has gone down to the tool: what it does
+    /// then costs no time, since the tool works meanwhile. Calls it too when a part can't go down,
+    /// and whenever a wait for the reply fails. `action` must make no request and run no event
+    /// loop; an empty one ends the calls. Doesn't start the tool.
     static void set_request_sent(std::function<void()> action);
 
     /// For `instance` alone. A tool that can't be started is reported on the standard streams;

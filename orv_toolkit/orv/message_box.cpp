@@ -36,12 +36,12 @@ constexpr char icon_label_sheet[] =
 
 constexpr char text_label_name[] = "qt_msgbox_label";
 
-/// What QDialog reckons with when it places a dialog and knows no frame.
+/// The frame that QDialog assumes when it places a dialog and knows none.
 constexpr QMargins usual_frame_px(10, 40, 10, 10);
 
 /// The frame that the window manager will put around a box, which can't be asked for before the box
-/// is on the screen. The frame of the box's owner is the same, unless the owner has none or fills
-/// the screen, where frames are left out or trimmed.
+/// is on the screen. The frame of the box's owner is the same, unless the owner isn't shown or
+/// fills the screen, where frames are left out or trimmed.
 QMargins expected_frame(const QWidget *owner)
 {
     if (!owner || !owner->isVisible() || owner->isMaximized() || owner->isFullScreen())
@@ -199,7 +199,8 @@ void message_box::move_into(const QRect &room)
          qBound(room.top(), y(), room.top() + spare.height()));
 }
 
-/// Puts the scrolled text where the layout has the label, and has QMessageBox take its size by it.
+/// Puts the scrolled text where the layout has the label, and makes QMessageBox compute its
+/// size from it.
 void message_box::replace_label()
 {
     delete layout()->replaceWidget(findChild<QLabel *>(text_label_name),

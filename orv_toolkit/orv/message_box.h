@@ -15,8 +15,8 @@ namespace orv
 /// `parent` may be null. `buttons` is the mask of the buttons shown. `default_button` is one of
 /// them or 0, with which the first button of the accept role, such as Ok, becomes the default.
 ///
-/// No box is bigger than its screen, frame included: one that would be shows its text as a
-/// `scrolled_text`. `text()` is the whole text in both cases.
+/// No box is bigger than its screen, frame included: one that would be, or that would cut off a
+/// long word, shows its text as a `scrolled_text`. `text()` is the whole text in all cases.
 class message_box : public QMessageBox
 {
     Q_OBJECT

@@ -54,12 +54,9 @@ public:
     int drags = 0;       ///< those that have ended
     bool taken = false;  ///< whether the last one was
 
-    /// Whether the mouse's cursor says that a drop here would be refused.
-    static bool cursor_refuses()
-    {
-        const QCursor *cursor = QGuiApplication::overrideCursor();
-        return cursor && cursor->shape() == Qt::ForbiddenCursor;
-    }
+    /// What the mouse's cursor says of a drop here.
+    static bool cursor_refuses() { return has_cursor(Qt::ForbiddenCursor); }
+    static bool cursor_takes() { return has_cursor(Qt::DragCopyCursor); }
 
 protected:
     /// Returns when the button is let go.
@@ -79,6 +76,12 @@ protected:
 private:
     static constexpr int poll_ms = 20;
     static constexpr int patience_ms = 5000;
+
+    static bool has_cursor(Qt::CursorShape shape)
+    {
+        const QCursor *cursor = QGuiApplication::overrideCursor();
+        return cursor && cursor->shape() == shape;
+    }
 
     QStringList begin_of_drag() const
     {

@@ -20,6 +20,8 @@
 //   at BATCH VALUE STEP
 //               takes the step once, with the first events that are served when the progress has
 //               reached the value
+//   when FILE STEP
+//               takes the step once that file exists; the steps behind don't wait for it
 //   raise NUMBER
 //               sends itself the signal
 //   hide | close | exit STATUS
@@ -28,6 +30,7 @@
 #include <QAbstractItemModel>
 #include <QApplication>
 #include <QComboBox>
+#include <QFile>
 #include <QFileOpenEvent>
 #include <QGenericPlugin>
 #include <QIcon>
@@ -231,6 +234,8 @@ private:
         else if (verb == "at")
             run_at(window, argument.section(' ', 0, 0), argument.section(' ', 1, 1).toInt(),
                    argument.section(' ', 2));
+        else if (verb == "when")
+            run_when(window, argument.section(' ', 0, 0), argument.section(' ', 1));
         else if (verb == "raise")
             std::raise(argument.toInt());
         else if (verb == "hide")
@@ -259,6 +264,19 @@ private:
                     delete once;
                     QTimer::singleShot(0, this, [=, &window] { run(window, step); });
                 });
+    }
+
+    void run_when(QMainWindow &window, const QString &file, const QString &step)
+    {
+        constexpr int poll_ms = 5;
+        auto *poll = new QTimer(this);
+        connect(poll, &QTimer::timeout, this, [=, &window] {
+            if (!QFile::exists(file))
+                return;
+            poll->stop();
+            run(window, step);
+        });
+        poll->start(poll_ms);
     }
 
     static QMainWindow *main_window()
