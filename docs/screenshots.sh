@@ -18,7 +18,7 @@ tree=$(dirname "$(dirname "$script")")
 
 holiday_photos="IMG_2041 IMG_2042 IMG_2043 IMG_2044 IMG_2045 IMG_2046
     P1080317 P1080318 P1080319 P1080320 P1080321"
-many_photos=100
+many_photos=150
 
 # --- Photos -----------------------------------------------------------------------------------
 
@@ -173,13 +173,26 @@ shoot_failure() {
     close_dialog_over "$main"
 }
 
+hold_tool() { pkill -STOP -P "$program"; }
+let_tool_go() { pkill -CONT -P "$program"; }
+
+# Holds the tool once the window is no longer the active one; otherwise lets it go on.
+holds_tool_in_batch() {
+    hold_tool
+    is_another_active "$main" && return
+    let_tool_go
+    return 1
+}
+
 # The window in the middle of a batch, as $1: the tool is held, and the program waits for it.
 take_batch() {
-    sleep 0.2
-    pkill -STOP -P "$program"
-    find_dialog_over "$main"
+    wait_until holds_tool_in_batch
+    let_tool_go
+    sleep 0.05
+    wait_until holds_tool_in_batch
+    sleep 0.4
     take_with_popups "$1" "$main" 0
-    pkill -CONT -P "$program"
+    let_tool_go
     wait_until is_active "$main"
 }
 
@@ -190,7 +203,6 @@ shoot_batches() {
     type_shift 0 Tab Tab Tab 1
     point_at_fix
     xdotool click 1
-    move_mouse_away
     take_batch fixing
 }
 
