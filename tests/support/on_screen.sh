@@ -6,6 +6,7 @@
 # usage: on_screen.sh WIDTHxHEIGHT PROGRAM [ARGUMENT...]
 #
 # Ends with the status of the program.
+# shellcheck disable=SC2317  # functions are called through trap and wait_until
 set -eu
 
 size=$1
@@ -16,8 +17,9 @@ window_manager=""
 
 end_all() {
     for process in $window_manager $display_server; do
-        kill "$process" 2>/dev/null || true
-        wait "$process" || true
+        if kill "$process" 2>/dev/null; then
+            wait "$process" || :
+        fi
     done
     rm -rf "$scratch"
 }
