@@ -143,7 +143,7 @@ void message_box::showEvent(QShowEvent *event)
     const QSize room = screen.marginsRemoved(expected_frame(owner)).size();
     if (!fits(room)) {
         scroll_text(room);
-        QDialog::showEvent(event);  // centres the box in its final size
+        adjustPosition(parentWidget());  // centres the box in its final size
     }
     if (findChild<scrolled_text *>())
         move_into({screen.topLeft(), room});

@@ -23,7 +23,7 @@ namespace
 {
 
 constexpr int fewest_scrolled_lines = 3;  // of a text whose question stays below it
-constexpr QLatin1String empty_line("\n\n");
+constexpr char empty_line[] = "\n\n";
 
 /// The format in which a label shows its text when it is left to find out.
 Qt::TextFormat format_of(const QLabel &label)
@@ -44,7 +44,7 @@ parted_text part(const QString &text, Qt::TextFormat format)
     const int line = text.lastIndexOf(empty_line);
     if (format == Qt::RichText || line < 0)
         return {text, QString()};
-    return {text.left(line), text.mid(line + empty_line.size())};
+    return {text.left(line), text.mid(line + static_cast<int>(qstrlen(empty_line)))};
 }
 
 /// The paragraph in a label; null if it's empty or leaves too little of the room above it.
