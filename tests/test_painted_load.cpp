@@ -20,13 +20,20 @@ constexpr int new_count = 300;
 constexpr int title_height_px = 16;
 constexpr QPoint drop_place(150, 250);  ///< in the main window
 
+/// Again and again, since the dialog takes no keys before it has come up altogether.
 void choose_all_files()
 {
+    constexpr int limit_ms = 30000;
     const QString dialog = window_with_title("Select files");
     move_mouse(place_of(dialog).center());
-    xdotool({"click", "1"});
-    xdotool({"key", "ctrl+a"});
-    xdotool({"key", "alt+o"});
+    const auto choose = [] {
+        xdotool({"click", "1"});
+        xdotool({"key", "ctrl+a"});
+        xdotool({"key", "alt+o"});
+        return xdotool({"search", "--onlyvisible", "--name", "^Select files$"}).isEmpty();
+    };
+    QVERIFY(!dialog.isEmpty());
+    QVERIFY(QTest::qWaitFor(choose, limit_ms));
 }
 
 /// What a user does while files load.

@@ -105,7 +105,7 @@ void scrolled_text::wheelEvent(QWheelEvent *event)
     QCoreApplication::sendEvent(area->verticalScrollBar(), event);
 }
 
-/// The bar stands beside the text, so that the text doesn't become narrower by it.
+/// The bar is beside the text, so that the text doesn't become narrower.
 void scrolled_text::add_scrolling()
 {
     constexpr std::pair<Qt::Key, QAbstractSlider::SliderAction> keys[] = {
