@@ -9,6 +9,9 @@
 # shellcheck disable=SC2317  # functions are called through trap and wait_until
 set -eu
 
+# shellcheck source=tests/support/drive_window.sh
+. "$(dirname "$0")/drive_window.sh"
+
 size=$1
 shift
 scratch=$(mktemp -d)
@@ -26,26 +29,12 @@ end_all() {
 trap end_all EXIT
 trap 'exit 1' INT TERM
 
-# Waits half a minute for the command $@ to succeed.
-wait_until() {
-    tries=600
-    until "$@"; do
-        tries=$((tries - 1))
-        if [ "$tries" -eq 0 ]; then
-            echo "waited in vain for: $*" >&2
-            exit 1
-        fi
-        sleep 0.05
-    done
-}
-
 has_display_number() {
     [ -s "$scratch/display" ]
 }
 
-has_window_manager() {
-    xdotool get_num_desktops >/dev/null 2>&1
-}
+# There is no program to be seen yet.
+picture_of_failure() { :; }
 
 Xvfb -displayfd 3 -screen 0 "${size}x24" -nolisten tcp 3>"$scratch/display" 2>"$scratch/errors" &
 display_server=$!
