@@ -14,6 +14,9 @@
 //   shift UNIT TEXT
 //               types the text into the field of that unit
 //   click NAME  clicks one of the window's buttons by the names below
+//   choose COUNT
+//               opens all files in the file dialog, once it is on the screen and lists so many; the
+//               steps behind don't wait for it
 //   values BATCH
 //               prints from now on each value that the progress of the batch, "load" or "fix"
 //               (which is that of an undo too), is set to
@@ -30,10 +33,13 @@
 #include <QAbstractItemModel>
 #include <QApplication>
 #include <QComboBox>
+#include <QDialogButtonBox>
 #include <QFile>
+#include <QFileDialog>
 #include <QFileOpenEvent>
 #include <QGenericPlugin>
 #include <QIcon>
+#include <QListView>
 #include <QMainWindow>
 #include <QMessageBox>
 #include <QProgressBar>
@@ -44,11 +50,13 @@
 #include <QTableView>
 #include <QTest>
 #include <QTimer>
+#include <QWindow>
 
 #include <unistd.h>
 
 #include <algorithm>
 #include <csignal>
+#include <functional>
 #include <iostream>
 
 namespace
@@ -166,6 +174,21 @@ void type_shift(const QMainWindow &window, const QString &unit, const QString &t
     QTest::keyClicks(window.findChild<QWidget *>("lineedit_" + unit), text);
 }
 
+/// Returns false, and does nothing, as long as no file dialog with so many files is on the screen.
+bool choose_all_files(int count)
+{
+    auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+    if (!dialog || !dialog->windowHandle()->isExposed())
+        return false;
+    auto *list = dialog->findChild<QListView *>("listView");
+    if (list->model()->rowCount(list->rootIndex()) != count)
+        return false;
+    QTest::keyClick(list, Qt::Key_A, Qt::ControlModifier);
+    const auto *buttons = dialog->findChild<QDialogButtonBox *>();
+    QTest::mouseClick(buttons->button(QDialogButtonBox::Open), Qt::LeftButton);
+    return true;
+}
+
 /// The progress dialogs are told apart by the order in which the window makes them.
 const QProgressBar *progress_bar(const QMainWindow &window, const QString &batch)
 {
@@ -229,6 +252,8 @@ private:
             type_shift(window, argument.section(' ', 0, 0), argument.section(' ', 1));
         else if (verb == "click")
             click(window, argument);
+        else if (verb == "choose")
+            run_once([count = argument.toInt()] { return choose_all_files(count); });
         else if (verb == "values")
             print_values(window, argument);
         else if (verb == "at")
@@ -268,13 +293,23 @@ private:
 
     void run_when(QMainWindow &window, const QString &file, const QString &step)
     {
+        run_once([=, &window] {
+            if (!QFile::exists(file))
+                return false;
+            run(window, step);
+            return true;
+        });
+    }
+
+    /// Tries it again and again, until it says that it could be done.
+    void run_once(const std::function<bool()> &attempt)
+    {
         constexpr int poll_ms = 5;
         auto *poll = new QTimer(this);
-        connect(poll, &QTimer::timeout, this, [=, &window] {
-            if (!QFile::exists(file))
-                return;
+        connect(poll, &QTimer::timeout, poll, [=] {
             poll->stop();
-            run(window, step);
+            if (!attempt())
+                poll->start(poll_ms);
         });
         poll->start(poll_ms);
     }

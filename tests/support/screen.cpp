@@ -14,7 +14,7 @@ namespace
 {
 
 /// Less than the second after which a wait of the program for a reply fails, and it paints anyway.
-constexpr int nearly_a_second_ms = 800;
+constexpr int nearly_a_second_ms = 700;
 constexpr int widest_frame_px = 40;
 
 QString output_of(const QString &program, const QStringList &arguments)

@@ -7,20 +7,8 @@
 namespace
 {
 
-bool screen_shows(expected_screens &expected, const QImage &progress)
-{
-    const QString window = window_with_title("Kelvra");
-    const QString dialog = window_with_title("Please Wait");
-    if (window.isEmpty() || dialog.isEmpty())
-        return false;
-    const QRect window_place = place_of(window);
-    const QRect dialog_place = place_of(dialog);
-    const QImage window_picture = expected.main_window(window_place.size());
-    const QRegion hidden = QRegion(expected.place_of_caret()) +
-                           with_frame(dialog_place).translated(-window_place.topLeft());
-    return same_pixels(picture_of(window_place), window_picture, hidden) &&
-           same_pixels(picture_of(dialog_place), progress);
-}
+/// For a file dialog with many files to come up under a sanitizer, at the longest.
+constexpr int longest_wait_ms = 60000;
 
 }  // namespace
 
@@ -45,14 +33,23 @@ void watched_program::start(const QString &steps)
 
 bool watched_program::waits_at(int request) const
 {
-    return QTest::qWaitFor([&] { return tool.holds(request); });
+    return QTest::qWaitFor([&] { return tool.holds(request); }, longest_wait_ms);
 }
 
 bool watched_program::shows(expected_screens &expected, const QImage &progress) const
 {
-    if (within_a_second([&] { return screen_shows(expected, progress); }))
+    const QRect window_place = place_of(main_window());
+    const QRect dialog_place = place_of(window_with_title("Please Wait"));
+    const QImage window_picture = expected.main_window(window_place.size());
+    const QRegion hidden = QRegion(expected.place_of_caret()) +
+                           with_frame(dialog_place).translated(-window_place.topLeft());
+    const auto is_shown = [&] {
+        return same_pixels(picture_of(window_place), window_picture, hidden) &&
+               same_pixels(picture_of(dialog_place), progress);
+    };
+    if (within_a_second(is_shown))
         return true;
-    keep_pictures(expected.main_window(place_of(main_window()).size()));
+    keep_pictures(window_picture);
     return false;
 }
 

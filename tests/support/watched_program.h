@@ -29,7 +29,7 @@ public:
     void start(const QString &steps);
     bool wait_until_ended() { return program->wait_until_ended(); }
 
-    /// Whether the tool is asked for this request within a few seconds.
+    /// Whether the tool is asked for this request.
     bool waits_at(int request) const;
 
     /// Whether the screen shows, within a second, the main window like this and a progress dialog
