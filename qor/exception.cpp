@@ -6,15 +6,27 @@
 #include "qor/stacktrace.h"
 
 #include <iostream>
+#include <string>
 #include <utility>
 
 namespace qor
 {
 
+namespace
+{
+
+void print_report(const std::string &message)
+{
+    const std::string report = message + "\n" + stacktrace::trace_text() + "\n";
+    std::cerr << report << std::endl;
+    fatal_text = report;
+}
+
+}  // namespace
+
 exception::exception(std::string reason) : message(std::move(reason))
 {
-    fatal_text = message + "\n" + stacktrace::trace_text() + "\n";
-    std::cerr << fatal_text << std::endl;
+    print_report(message);
     fatal_exit();
 }
 

@@ -30,6 +30,21 @@ std::string frame_line(std::size_t index, const stack_frame &frame)
            frame.function + "\n";
 }
 
+std::string frames_text(const std::vector<const stack_frame *> &frames)
+{
+    if (frames.empty())
+        return "Stacktrace is empty\n";
+    std::string text = "Printing stacktrace with size " + std::to_string(frames.size()) + ":\n";
+    for (std::size_t index = frames.size(); index-- > 0;)
+        text += frame_line(index, *frames[index]);
+    return text;
+}
+
+std::string signal_line(const char *signal_name)
+{
+    return signal_name ? std::string("ERROR: received signal ") + signal_name + "\n" : "";
+}
+
 }  // namespace
 
 stacktrace &stacktrace::instance()
@@ -47,27 +62,19 @@ void stacktrace::signal_handler(int number)
 
 void stacktrace::print_trace_and_exit(int /*number*/, const char *name)
 {
-    std::cerr << trace_text(instance().frames, name) << std::endl;
+    std::cerr << signal_line(name) + trace_text() << std::endl;
     std::exit(-1);
 }
 
 std::string stacktrace::trace_text()
 {
-    return trace_text(instance().frames, nullptr);
+    return frames_text(instance().frames);
 }
 
 std::string stacktrace::trace_text(const std::vector<const stack_frame *> &frames,
                                    const char *signal_name)
 {
-    std::string text;
-    if (signal_name)
-        text = std::string("ERROR: received signal ") + signal_name + "\n";
-    if (frames.empty())
-        return text + "Stacktrace is empty\n";
-    text += "Printing stacktrace with size " + std::to_string(frames.size()) + ":\n";
-    for (std::size_t index = frames.size(); index-- > 0;)
-        text += frame_line(index, *frames[index]);
-    return text;
+    return signal_line(signal_name) + frames_text(frames);
 }
 
 stacktrace::stacktrace()

@@ -41,6 +41,7 @@ public:
     static std::string trace_text();
 
     /// The same for any frames, under a line with the signal's name unless `signal_name` is null.
+    /// The reports of the kit don't need it.
     static std::string trace_text(const std::vector<const stack_frame *> &frames,
                                   const char *signal_name);
 

@@ -69,6 +69,7 @@ private slots:
     void exit_handlers_run_behind_a_report();
     void exception_reports_twice_data();
     void exception_reports_twice();
+    void exception_prints_before_it_is_the_crash_message();
     void assertion_reports_once_data();
     void assertion_reports_once();
     void uncaught_exception_ends_with_a_report();
@@ -150,13 +151,17 @@ void test_stacktrace::every_signal_of_the_system_has_its_name_data()
     const struct {
         int number;
         const char *name;
-    } signal_rows[] = {
-        {0, "UNKNOWN"},       {SIGHUP, "SIGHUP"},   {SIGINT, "SIGINT"},   {SIGQUIT, "SIGQUIT"},
-        {SIGILL, "SIGILL"},   {SIGTRAP, "SIGTRAP"}, {SIGABRT, "SIGABRT"}, {SIGBUS, "SIGBUS"},
-        {SIGFPE, "SIGFPE"},   {SIGKILL, "SIGKILL"}, {SIGUSR1, "SIGUSR1"}, {SIGSEGV, "SIGSEGV"},
-        {SIGUSR2, "SIGUSR2"}, {SIGPIPE, "SIGPIPE"}, {SIGALRM, "SIGALRM"}, {SIGTERM, "SIGTERM"},
-        {SIGCHLD, "SIGCHLD"}, {SIGCONT, "SIGCONT"}, {SIGSTOP, "SIGSTOP"}, {SIGTSTP, "SIGTSTP"},
-        {SIGTTIN, "SIGTTIN"}, {SIGTTOU, "SIGTTOU"}, {SIGSYS, "SIGSYS"}};
+    } signal_rows[] = {{0, "UNKNOWN"},           {SIGHUP, "SIGHUP"},   {SIGINT, "SIGINT"},
+                       {SIGQUIT, "SIGQUIT"},     {SIGILL, "SIGILL"},   {SIGTRAP, "SIGTRAP"},
+                       {SIGABRT, "SIGABRT"},     {SIGBUS, "SIGBUS"},   {SIGFPE, "SIGFPE"},
+                       {SIGKILL, "SIGKILL"},     {SIGUSR1, "SIGUSR1"}, {SIGSEGV, "SIGSEGV"},
+                       {SIGUSR2, "SIGUSR2"},     {SIGPIPE, "SIGPIPE"}, {SIGALRM, "SIGALRM"},
+                       {SIGTERM, "SIGTERM"},     {SIGCHLD, "SIGCHLD"}, {SIGCONT, "SIGCONT"},
+                       {SIGSTOP, "SIGSTOP"},     {SIGTSTP, "SIGTSTP"}, {SIGTTIN, "SIGTTIN"},
+                       {SIGTTOU, "SIGTTOU"},     {SIGSYS, "SIGSYS"},   {SIGSTKFLT, "SIGSTKFLT"},
+                       {SIGURG, "SIGURG"},       {SIGXCPU, "SIGXCPU"}, {SIGXFSZ, "SIGXFSZ"},
+                       {SIGVTALRM, "SIGVTALRM"}, {SIGPROF, "SIGPROF"}, {SIGWINCH, "SIGWINCH"},
+                       {SIGIO, "SIGIO"},         {SIGPWR, "SIGPWR"}};
     for (const auto &row : signal_rows)
         QTest::newRow(row.name) << row.number << QByteArray(row.name);
 }
@@ -279,6 +284,13 @@ void test_stacktrace::exception_reports_twice()
     QCOMPARE(result.status, failed_status);
     QCOMPARE(result.errors, report + report);
     QCOMPARE(result.output, QByteArray());
+}
+
+void test_stacktrace::exception_prints_before_it_is_the_crash_message()
+{
+    const outside_result result = die({"message"});
+    QCOMPARE(result.status, failed_status);
+    QCOMPARE(result.output, QByteArray("crash message at the first byte: \n"));
 }
 
 void test_stacktrace::assertion_reports_once_data()

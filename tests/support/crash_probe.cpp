@@ -2,7 +2,8 @@
 //
 // Dies in the way that its argument names, so that a test can read the report from outside.
 //
-// usage: crash_probe signal NUMBER [FRAMES] | exception [FRAMES] | assertion [FRAMES] | uncaught |
+// usage: crash_probe signal NUMBER [FRAMES] | exception [FRAMES] | message | assertion [FRAMES] |
+// uncaught |
 //                    jump | atexit | icon | layout MISUSE | fold MISUSE
 
 #include "orv/button_dark.h"
@@ -24,6 +25,7 @@
 #include <iostream>
 #include <map>
 #include <stdexcept>
+#include <streambuf>
 #include <string>
 
 namespace
@@ -95,6 +97,35 @@ void misuse_fold(int argc, char **argv, const std::string &misuse)
     QApplication::exec();
 }
 
+/// Standard error that keeps what the crash message was when the first byte came.
+class watched_errors : public std::streambuf
+{
+protected:
+    int_type overflow(int_type byte) override
+    {
+        if (!is_written)
+            message = qor::fatal_text;
+        is_written = true;
+        return byte;
+    }
+
+public:
+    bool is_written = false;
+    std::string message = "nothing was written";
+};
+
+watched_errors errors;
+
+void throw_under_watch()
+{
+    static std::streambuf *const standard_error = std::cerr.rdbuf(&errors);
+    std::atexit([] {
+        std::cerr.rdbuf(standard_error);
+        std::cout << "crash message at the first byte: " << errors.message << std::endl;
+    });
+    throw qor::exception("misuse");
+}
+
 void survive_by_jump()
 {
     if (setjmp(qor::fatal_jump) == 0)
@@ -112,6 +143,8 @@ int main(int argc, char **argv)
         run_below_frames(number_at(3), [&] { std::raise(number_at(2)); });
     else if (way == "exception")
         run_below_frames(number_at(2), [] { throw qor::exception("misuse"); });
+    else if (way == "message")
+        throw_under_watch();
     else if (way == "assertion")
         run_below_frames(number_at(2),
                          [] { qor::assertion_failed("a == b", "probe.cpp", 7, "int probe()"); });
