@@ -77,6 +77,20 @@ void print_tags(const QString &file, const tag_map &tags)
 
 }  // namespace
 
+class exiftool::request
+{
+public:
+    explicit request(exiftool &tool) : lock(tool.mutex), runs(tool.request_runs) { runs = true; }
+    ~request() { runs = false; }
+
+    request(const request &) = delete;
+    request &operator=(const request &) = delete;
+
+private:
+    const std::lock_guard<std::mutex> lock;
+    bool &runs;
+};
+
 std::shared_ptr<exiftool> exiftool::instance()
 {
     static const std::shared_ptr<exiftool> tool = std::make_shared<exiftool>(construction_key());
@@ -86,8 +100,7 @@ std::shared_ptr<exiftool> exiftool::instance()
 
 exiftool::interrupted_request_guard::~interrupted_request_guard()
 {
-    const bool is_interrupted = tool.use_count() > 1;
-    if (is_interrupted && tool->proc->state() != QProcess::NotRunning)
+    if (tool->request_runs && tool->proc->state() != QProcess::NotRunning)
         tool->quits_in_time();
 }
 
@@ -135,17 +148,18 @@ exiftool::~exiftool()
     if (!quits_in_time()) {
         print_line("Exiftool didn't quit in time. Killing it.");
         proc->kill();
+        proc->waitForFinished();  // Qt reports a process that outlives its object
     }
 }
 
 tag_map exiftool::read_tags(const QString &file, bool group_names, bool print_result)
 {
-    const std::lock_guard<std::mutex> lock(mutex);
+    const request running(*this);
     if (!started)
         return {};
-    QString request = group_names ? "-G1\n" : "";
-    request += "\n%1\n-execute\n";
-    write_to_proc(request.arg(file));
+    QString lines = group_names ? "-G1\n" : "";
+    lines += "\n%1\n-execute\n";
+    write_to_proc(lines.arg(file));
     tag_map tags = parse_tag_reply(read_until_ready());
     if (print_result)
         print_tags(file, tags);
@@ -162,11 +176,11 @@ bool exiftool::write_tags(const QString &file, const tag_map &tags)
 
 bool exiftool::execute_write(const QString &file, const QString &tag_lines)
 {
-    const std::lock_guard<std::mutex> lock(mutex);
-    QString request = QString("\n%1\n-overwrite_original_in_place\n-m\n").arg(file);
-    request += tag_lines;
-    request += "-execute\n";
-    write_to_proc(request);
+    const request running(*this);
+    QString lines = QString("\n%1\n-overwrite_original_in_place\n-m\n").arg(file);
+    lines += tag_lines;
+    lines += "-execute\n";
+    write_to_proc(lines);
     return read_until_ready().indexOf(failed_update_text) == -1;
 }
 
@@ -223,8 +237,9 @@ void exiftool::write_to_proc(const QString &text)
     int written = 0;
     int tries = 0;
     do {
-        const int result =
-            static_cast<int>(proc->write(offered.constData() + max_write_tries + written, wanted));
+        const char *data = offered.constData() + max_write_tries + written;
+        // Qt reports a write to a closed device on standard error besides.
+        const int result = proc->isOpen() ? static_cast<int>(proc->write(data, wanted)) : -1;
         if (result == -1)
             print_line("[write_to_proc] proc->write() failed (rc=-1)");
         written += result;

@@ -84,6 +84,9 @@ public:
     void set_quiet(bool on);
 
 private:
+    /// What a request holds from its first step to its last.
+    class request;
+
     /// Asks the tool to quit when a signal ends the program inside of a request: the caller never
     /// gives its pointer back then, so the destructor doesn't run. The tool isn't killed, however
     /// long it takes; a photo that it is writing would be cut short.
@@ -104,7 +107,8 @@ private:
     int exit_status = 0;       ///< likewise
     const QString ready_marker;
     bool quiet = false;
-    std::mutex mutex;  ///< held for each whole request with its reply
+    bool request_runs = false;  ///< from its first byte to the end of its reply
+    std::mutex mutex;           ///< held for each whole request with its reply
 };
 
 }  // namespace orv

@@ -47,13 +47,4 @@ inline QByteArray relayed_words(const QByteArray &output)
         .replace("'\n", "");
 }
 
-/// What Qt adds on standard error: for each write to a process that isn't open, and for a process
-/// object that goes before its process.
-const QByteArray write_unopened = "QIODevice::write (QProcess): device not open\n";
-
-inline QByteArray gone_before_its_process(const QString &program)
-{
-    return "QProcess: Destroyed while process (\"" + program.toUtf8() + "\") is still running.\n";
-}
-
 }  // namespace tool_lines

@@ -9,6 +9,7 @@
 //   stamp PATH
 //   load PATH                                       through exif_cache, prints the record
 //   quiet on|off
+//   hold                                            keeps a pointer to the tool beyond its own
 //   close | close-write                             of the process object
 //   kill-tool | await-tool                          returns when the tool has ended
 //   pause MS                                        runs the event loop meanwhile
@@ -23,9 +24,12 @@
 #include <QTimer>
 
 #include <iostream>
+#include <memory>
 
 namespace
 {
+
+std::shared_ptr<orv::exiftool> held_tool;
 
 void print(const tag_map &tags)
 {
@@ -73,7 +77,9 @@ void run(QStringList &words)
         const QString path = words.takeFirst();
         exif_cache::instance()->load(path.toStdString());
         print(exif_cache::instance()->record_copy(path));
-    } else if (verb == "quiet")
+    } else if (verb == "hold")
+        held_tool = tool;
+    else if (verb == "quiet")
         tool->set_quiet(words.takeFirst() == "on");
     else if (verb == "close")
         process->close();
