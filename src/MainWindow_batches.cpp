@@ -136,9 +136,8 @@ QStringList MainWindow::fix_all_rows()
 bool MainWindow::fix_photo(const photo_row &photo)
 {
     const QList<undo_entry> entries = capture_undo_entries(photo.path);
-    const auto cache = exif_cache::instance();
-    const tag_map record = cache->record_copy(photo.path);
-    const tag_map tags = fix_tags({cache->raw_tags_of(photo.path), record}, photo.new_time,
+    const tag_map record = exif_cache::instance()->record_copy(photo.path);
+    const tag_map tags = fix_tags({cached_tags(photo.path).raw_tags, record}, photo.new_time,
                                   model->alter_timezone, model->timezone);
     if (!orv::exiftool::instance()->write_tags(photo.path, tags))
         return false;

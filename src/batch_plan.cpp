@@ -2,6 +2,7 @@
 
 #include "batch_plan.h"
 
+#include "photo_record.h"
 #include "time_offset.h"
 #include "to_int.h"
 #include "zone_text.h"
@@ -14,8 +15,6 @@
 namespace
 {
 
-const QString exif_recording_tag = "ExifIFD:DateTimeOriginal";
-const QString ifd0_recording_tag = "IFD0:DateTimeOriginal";
 const QString iptc_date_tag = "IPTC:DateCreated";
 const QString iptc_time_tag = "IPTC:TimeCreated";
 const QString inode_date_tag = "System:FileInodeChangeDate";
@@ -27,16 +26,9 @@ bool has(const tag_map &tags, const QString &name)
     return tags.count(name.toStdString()) > 0;
 }
 
-/// The text under a key, empty without it.
-std::string text(const tag_map &tags, const std::string &key)
-{
-    const auto found = tags.find(key);
-    return found == tags.end() ? std::string() : found->second;
-}
-
 QString stored_zone(const tag_map &record)
 {
-    return QString::fromStdString(text(record, "iptc_timezone"));
+    return QString::fromStdString(value_of(record, "iptc_timezone"));
 }
 
 bool is_iptc_tag(const QString &tag)
@@ -51,26 +43,20 @@ bool is_file_time_tag(const QString &tag)
     return file_time_tags.contains(tag);
 }
 
-/// `time` without what stands behind its last "+" or, without any, its last "-".
-QString without_zone(const QString &time)
+QTime time_without_zone(const std::string &time)
 {
-    int sign = time.lastIndexOf('+');
-    if (sign == -1)
-        sign = time.lastIndexOf('-');
-    return sign == -1 ? time : time.left(sign);
+    return QTime::fromString(QString::fromStdString(time.substr(0, zone_start(time))), "hh:mm:ss");
 }
 
 QString composed_iptc_time(const photo_tags &photo)
 {
-    const QDate date(to_int(text(photo.record, "rec_year"), 0),
-                     to_int(text(photo.record, "rec_month"), 0),
-                     to_int(text(photo.record, "rec_day"), 0));
-    const std::string zone = text(photo.record, "iptc_timezone");
+    const QDate date(to_int(value_of(photo.record, "rec_year"), 0),
+                     to_int(value_of(photo.record, "rec_month"), 0),
+                     to_int(value_of(photo.record, "rec_day"), 0));
+    const std::string &zone = value_of(photo.record, "iptc_timezone");
     // The minutes of the zone are lost on purpose.
     const int offset_hours = to_int(zone, 0);
-    const QString reported =
-        QString::fromStdString(text(photo.raw_tags, iptc_time_tag.toStdString()));
-    const QTime time = QTime::fromString(without_zone(reported), "hh:mm:ss");
+    const QTime time = time_without_zone(value_of(photo.raw_tags, iptc_time_tag.toStdString()));
     const QDateTime date_time = zone.empty()
                                     ? QDateTime(date, time, Qt::LocalTime)
                                     : QDateTime(date, time, Qt::OffsetFromUTC,

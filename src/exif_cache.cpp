@@ -3,6 +3,7 @@
 #include "exif_cache.h"
 
 #include "orv/exiftool.h"
+#include "photo_record.h"
 #include "qor/stacktrace.h"
 #include "qor/string.h"
 
@@ -11,9 +12,6 @@
 
 namespace
 {
-
-const std::string exif_recording_tag = "ExifIFD:DateTimeOriginal";
-const std::string ifd0_recording_tag = "IFD0:DateTimeOriginal";
 
 const tag_map &entry_of(const std::map<std::string, tag_map> &files, const QString &path)
 {
@@ -24,13 +22,14 @@ const tag_map &entry_of(const std::map<std::string, tag_map> &files, const QStri
 
 /// Ends the program if `parts` aren't three, in every build: going on would shift a wrong time.
 /// The report is in the words of the runtime's assertion, and the crash report follows it.
-void require_three_parts(const std::vector<qor::string> &parts, const char *check, int line,
-                         const char *function)
+void require_three_parts(const std::vector<qor::string> &parts, const char *check, int line)
 {
     if (parts.size() == 3)
         return;
-    std::cerr << "src/exif_cache:" << line << ": " << function << ": Assertion `" << check
-              << "' failed." << std::endl;
+    std::cerr << "src/exif_cache:" << line
+              << ": void exif_cache::parse_recording_date(const string&, const string&): "
+                 "Assertion `"
+              << check << "' failed." << std::endl;
     qor::stacktrace::instance();
     std::abort();
 }
@@ -98,7 +97,7 @@ void exif_cache::parse_recording_date(const std::string &path, const std::string
         return;
     }
     const std::vector<qor::string> date_parts = qor::string::split(parts[0], ":");
-    require_three_parts(date_parts, "date_parts.size()==3", 27, __PRETTY_FUNCTION__);
+    require_three_parts(date_parts, "date_parts.size()==3", 27);
     tag_map &record = records[path];
     record["rec_year"] = date_parts[0];
     record["rec_month"] = date_parts[1];
@@ -106,7 +105,7 @@ void exif_cache::parse_recording_date(const std::string &path, const std::string
     if (parts.size() < 2)
         return;
     const std::vector<qor::string> time_parts = qor::string::split(parts[1], ":");
-    require_three_parts(time_parts, "time_parts.size()==3", 36, __PRETTY_FUNCTION__);
+    require_three_parts(time_parts, "time_parts.size()==3", 36);
     record["rec_hour"] = time_parts[0];
     record["rec_minute"] = time_parts[1];
     record["rec_second"] = time_parts[2];
@@ -123,9 +122,7 @@ void exif_cache::parse_iptc(const std::string &path, const tag_map &tags)
     if (time == tags.end())
         return;
     record["has_iptc_time"] = "true";
-    std::size_t sign = time->second.rfind('+');
-    if (sign == std::string::npos)
-        sign = time->second.rfind('-');
-    if (sign != std::string::npos)
-        record["iptc_timezone"] = time->second.substr(sign);
+    const std::size_t zone = zone_start(time->second);
+    if (zone != std::string::npos)
+        record["iptc_timezone"] = time->second.substr(zone);
 }

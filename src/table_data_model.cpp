@@ -4,6 +4,7 @@
 
 #include "exif_cache.h"
 #include "orv/skin_fonts.h"
+#include "photo_record.h"
 
 #include <QFileInfo>
 #include <QHash>
@@ -33,8 +34,7 @@ int compare_by_name(const QString &a, const QString &b)
 /// The number under a key of a record, 0 without it.
 int number(const tag_map &record, const char *key)
 {
-    const auto found = record.find(key);
-    return found == record.end() ? 0 : to_int(found->second, 0);
+    return to_int(value_of(record, key), 0);
 }
 
 }  // namespace
@@ -108,13 +108,12 @@ void table_data_model::sort(int column, Qt::SortOrder order)
 
 void table_data_model::add_file(const QString &path, bool notify)
 {
-    if (lists(path))
+    if (files.contains(path))
         return;
     const int row = rowCount();
     if (notify)
         beginInsertRows(QModelIndex(), row, row);
     files << path;
-    known_files << path;
     exif_cache::instance()->load(path.toStdString());
     if (notify)
         endInsertRows();
@@ -131,7 +130,6 @@ void table_data_model::clear()
 {
     beginResetModel();
     files.clear();
-    known_files.clear();
     endResetModel();
 }
 
@@ -159,8 +157,7 @@ QDateTime table_data_model::new_recording_time(const QString &path) const
 QString table_data_model::zone_text_for(const QString &path, bool apply_offset) const
 {
     const tag_map &record = exif_cache::instance()->record_of(path);
-    const auto found = record.find("iptc_timezone");
-    const QString zone = found == record.end() ? QString() : QString::fromStdString(found->second);
+    const QString zone = QString::fromStdString(value_of(record, "iptc_timezone"));
     if (apply_offset && alter_timezone)
         return timezone_text(moved_zone_hours(zone, timezone));
     return zone;
@@ -268,12 +265,4 @@ void table_data_model::sort_by_recording_time(Qt::SortOrder order)
                   const QDateTime tb = time_of(b);
                   return descending ? tb < ta : ta < tb;
               });
-}
-
-/// A search in `files` itself would take longer with each file.
-bool table_data_model::lists(const QString &path)
-{
-    if (known_files.size() != files.size())
-        known_files = QSet<QString>(files.begin(), files.end());
-    return known_files.contains(path);
 }

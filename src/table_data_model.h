@@ -9,7 +9,6 @@
 #include <QAbstractTableModel>
 #include <QDateTime>
 #include <QFont>
-#include <QSet>
 #include <QString>
 #include <QStringList>
 
@@ -95,7 +94,4 @@ private:
     QString time_text(const QDateTime &time, const QString &path, bool apply_offset) const;
     void sort_by_name(Qt::SortOrder order);
     void sort_by_recording_time(Qt::SortOrder order);
-    bool lists(const QString &path);
-
-    QSet<QString> known_files;  ///< what `files` held when `lists` looked last, and what came since
 };

@@ -257,9 +257,10 @@ void test_exif_cache::date_or_time_without_three_parts_ends_the_program()
     const int crash_report = result.errors.indexOf("ERROR: received signal ");
     QVERIFY2(crash_report > 0, result.errors);
     const QByteArray report = result.errors.left(crash_report);
-    QCOMPARE(report.count('\n'), 1);
-    QVERIFY2(report.startsWith("src/exif_cache:" + QByteArray::number(line) + ": void "), report);
-    QVERIFY2(report.endsWith(": Assertion `" + check + "' failed.\n"), report);
+    QCOMPARE(report, "src/exif_cache:" + QByteArray::number(line) +
+                         ": void exif_cache::parse_recording_date(const string&, const string&): "
+                         "Assertion `" +
+                         check + "' failed.\n");
     QVERIFY2(result.errors.endsWith("Stacktrace is empty\n\n"), result.errors);
 }
 
@@ -311,9 +312,9 @@ void test_exif_cache::files_are_kept_apart()
 void test_exif_cache::copy_of_a_record_leaves_the_record_alone()
 {
     loaded_record({exif_time});
-    tag_map copy = cache->record_copy("/photos/photo.jpg");
-    copy["iptc_timezone"] = "+02:00";
-    QCOMPARE(cache->record_copy("/photos/photo.jpg"), with(bare_record, exif_record));
+    auto &&copy = cache->record_copy("/photos/photo.jpg");
+    const_cast<tag_map &>(copy)["iptc_timezone"] = "+02:00";
+    QCOMPARE(cache->records["/photos/photo.jpg"], with(bare_record, exif_record));
 }
 
 void test_exif_cache::file_that_was_not_loaded_has_an_empty_record()

@@ -65,6 +65,7 @@ private slots:
     void file_is_listed_once();
     void row_is_announced_around_the_reading();
     void row_is_added_in_silence_without_notification();
+    void file_is_looked_for_in_the_list_as_it_stands();
     void files_are_added_in_order_and_sorted_once();
     void empty_list_of_files_still_sorts();
     void files_before_the_first_sort_ask_the_header_to_go_back();
@@ -235,6 +236,16 @@ void test_table_data_model::row_is_added_in_silence_without_notification()
     model->add_file("/photos/a.jpg", false);
     QCOMPARE(log.names, QStringList());
     QCOMPARE(cell(0, column::recording_time_column).toString(), QString("03.05.2017 12:00:00"));
+}
+
+void test_table_data_model::file_is_looked_for_in_the_list_as_it_stands()
+{
+    model->add_file("/photos/a.jpg", true);
+    model->files = QStringList{"/photos/b.jpg"};
+    model->add_file("/photos/b.jpg", true);
+    QCOMPARE(model->files, QStringList({"/photos/b.jpg"}));
+    model->add_file("/photos/a.jpg", true);
+    QCOMPARE(model->files, QStringList({"/photos/b.jpg", "/photos/a.jpg"}));
 }
 
 void test_table_data_model::files_are_added_in_order_and_sorted_once()

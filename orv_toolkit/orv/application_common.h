@@ -20,13 +20,17 @@ public:
     application(int &argc, char **argv) : QApplication(argc, argv)
     {
         // The first frame of all: it brings the signal handlers up.
-        const qor::trace_scope frame("orv_toolkit/orv/application_common", 19, __PRETTY_FUNCTION__);
+        const qor::trace_scope frame("orv_toolkit/orv/application_common", 19,
+                                     "orv::application<MainWindowClass>::application(int&, char**) "
+                                     "[with MainWindowClass = MainWindow]");
     }
 
     /// As QApplication; a visible main window sees the event first, and what it answers is ignored.
     bool event(QEvent *e) override
     {
-        const qor::trace_scope frame("orv_toolkit/orv/application_common", 24, __PRETTY_FUNCTION__);
+        const qor::trace_scope frame("orv_toolkit/orv/application_common", 24,
+                                     "bool orv::application<MainWindowClass>::event(QEvent*) "
+                                     "[with MainWindowClass = MainWindow]");
         if (main_window && main_window->isVisible())
             main_window->event(e);
         return QApplication::event(e);

@@ -165,7 +165,9 @@ button_dark::img_highlighter::get_custom_paint_ex(int x, int y)
     return [this, x, y](QPainter &painter, QPushButton *button) {
         const auto *bd = qobject_cast<button_dark *>(button);
         if (!bd)  // the number is the one that reports know, as in `trace_scope`
-            qor::assertion_failed("bd", "../orv_toolkit/orv/button_dark", 211, __PRETTY_FUNCTION__);
+            qor::assertion_failed("bd", "../orv_toolkit/orv/button_dark", 211,
+                                  "orv::button_dark::img_highlighter::get_custom_paint_ex(int, "
+                                  "int)::<lambda(QPainter&, QPushButton*)>");
         if (const QImage *image = image_for(*bd)) {
             const QSize size = shown_size(*image_normal);
             const int left = x == -1 ? centred(bd->width(), size.width()) : x;
