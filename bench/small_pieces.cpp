@@ -138,7 +138,6 @@ BENCHMARK(split_time);
 
 int main(int argc, char **argv)
 {
-    name_time_zone();
     QApplication application(argc, argv);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();

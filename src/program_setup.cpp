@@ -5,8 +5,6 @@
 #include "orv/application_common.h"
 
 #include <QApplication>
-#include <QFile>
-#include <QFileInfo>
 #include <QFont>
 #include <QFontDatabase>
 #include <QIcon>
@@ -54,15 +52,6 @@ void install_translator(const QString &catalogue, const QString &folder = QStrin
 
 }  // namespace
 
-void name_time_zone()
-{
-    const QString zone_folder = "/usr/share/zoneinfo/";
-    const QString zone_file = QFileInfo("/etc/localtime").canonicalFilePath();
-    if (!qEnvironmentVariableIsSet("TZ") && !qEnvironmentVariableIsSet("TZDIR") &&
-        zone_file.startsWith(zone_folder))
-        qputenv("TZ", QFile::encodeName(zone_file.mid(zone_folder.size())));
-}
-
 void set_identity()
 {
     QCoreApplication::setOrganizationName("Vorrin");
@@ -73,7 +62,6 @@ void set_identity()
 
 void prepare_application()
 {
-    name_time_zone();
     set_identity();
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling, true);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps, true);

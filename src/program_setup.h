@@ -4,19 +4,11 @@
 
 class QString;
 
-/// Puts the name of the system's time zone ("Europe/Berlin") into the variable TZ, unless the
-/// environment has a say in it already or /etc/localtime is no link to the file of a zone. Without
-/// the variable the GNU C library asks the system about that file for each single local time, which
-/// costs ten times the rest of it; with it, the program and what it starts see a change of the
-/// system's zone at the next start. To be called before the first thread is started, since it
-/// changes the environment.
-void name_time_zone();
-
 /// Sets the names under which the settings are stored, and the version. Needs no application
 /// object.
 void set_identity();
 
-/// What goes ahead of the application object: the time zone, the names, and how Qt is to draw.
+/// What goes ahead of the application object: the names, and how Qt is to draw.
 void prepare_application();
 
 /// Gives the application the style in which tool tips take two seconds to show, and dark colours

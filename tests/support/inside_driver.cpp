@@ -25,6 +25,8 @@
 //               reached the value
 //   when FILE STEP
 //               takes the step once that file exists; the steps behind don't wait for it
+//   showing STEP
+//               takes the step while the window comes up, ahead of all others
 //   raise NUMBER
 //               sends itself the signal
 //   hide | close | exit STATUS
@@ -45,6 +47,7 @@
 #include <QProgressBar>
 #include <QProgressDialog>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QStringList>
 #include <QStyle>
 #include <QTableView>
@@ -203,6 +206,18 @@ public:
     {
         connect(&start, &QTimer::timeout, this, &driver::wait_for_idleness);
         start.start(0);
+        qApp->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        auto *window = qobject_cast<QMainWindow *>(watched);
+        if (window && event->type() == QEvent::Show) {
+            qApp->removeEventFilter(this);
+            for (const QString &step : steps.filter(showing))
+                run(*window, step.section(' ', 1));
+        }
+        return false;
     }
 
 private:
@@ -228,8 +243,10 @@ private:
     void run_steps()
     {
         QMainWindow *window = main_window();
-        for (const QString &step : qAsConst(steps))
-            run(*window, step);
+        for (const QString &step : qAsConst(steps)) {
+            if (!step.contains(showing))
+                run(*window, step);
+        }
     }
 
     void run(QMainWindow &window, const QString &step)
@@ -324,6 +341,7 @@ private:
         return nullptr;
     }
 
+    const QRegularExpression showing{"^showing "};
     const QStringList steps;
     QTimer start;
 };

@@ -3,8 +3,6 @@
 #pragma once
 
 #include <QByteArray>
-#include <QFileInfo>
-#include <QString>
 
 /// A variable of the environment that gets back what it held before.
 class own_variable
@@ -32,9 +30,3 @@ private:
     const bool was_set;
     const QByteArray before;
 };
-
-/// The name of the zone to whose file /etc/localtime leads, such as "Europe/Berlin".
-inline QString zone_of_the_system()
-{
-    return QFileInfo("/etc/localtime").canonicalFilePath().section("/zoneinfo/", 1);
-}
