@@ -45,7 +45,7 @@ void compare_fields(const cell &actual, const cell &expected)
 {
     QCOMPARE(actual.alignment(), expected.alignment());
     QCOMPARE(actual.spanned, expected.spanned);
-    QCOMPARE(actual.background(), expected.background());
+    QCOMPARE(actual.background_widget(), expected.background_widget());
     QCOMPARE(actual.content, expected.content);
     QCOMPARE(actual.margin_left, expected.margin_left);
     QCOMPARE(actual.margin_right, expected.margin_right);
@@ -108,8 +108,8 @@ void test_cell::starts_without_any_wish()
     cell fresh = has_widget ? cell(&widget) : cell();
     QCOMPARE(fresh.alignment(), Qt::Alignment());
     QVERIFY(!fresh.spanned);
-    QVERIFY(fresh.background());
-    QCOMPARE(fresh.background(), fresh.background_widget);
+    QVERIFY(fresh.background_widget());
+    QCOMPARE(fresh.background_widget(), fresh.background);
     QCOMPARE(fresh.widget(), has_widget ? &widget : nullptr);
     QCOMPARE(fresh.widget(), fresh.content);
     for (const float margin :
@@ -138,9 +138,9 @@ void test_cell::every_built_cell_has_a_background_of_its_own()
     QWidget widget;
     const cell with_widget(&widget);
     const cell empty;
-    QVERIFY(empty.background());
-    QVERIFY(with_widget.background() != empty.background());
-    for (const QWidget *background : {with_widget.background(), empty.background()}) {
+    QVERIFY(empty.background_widget());
+    QVERIFY(with_widget.background_widget() != empty.background_widget());
+    for (const QWidget *background : {with_widget.background_widget(), empty.background_widget()}) {
         QVERIFY(!background->parent());
         QVERIFY(background->isHidden());
         QCOMPARE(background->metaObject(), &QWidget::staticMetaObject);
@@ -154,7 +154,7 @@ void test_cell::destructor_deletes_no_widget()
     QPointer<QWidget> background;
     {
         const cell short_lived(&widget);
-        background = short_lived.background();
+        background = short_lived.background_widget();
     }
     QVERIFY(content);
     QVERIFY(background);
@@ -187,7 +187,7 @@ void test_cell::copy_goes_its_own_way()
     const cell original;
     cell copy = original;
     copy.shift_x = 3;
-    copy.content = copy.background();
+    copy.content = copy.background_widget();
     QCOMPARE(original.shift_x, 0);
     QVERIFY(!original.content);
 }
@@ -239,11 +239,11 @@ void test_cell::takes_no_geometry()
     QWidget widget;
     widget.setGeometry(1, 2, 3, 4);
     cell some(&widget);
-    some.background()->setGeometry(5, 6, 7, 8);
+    some.background_widget()->setGeometry(5, 6, 7, 8);
     some.setGeometry(QRect(10, 20, 30, 40));
     QCOMPARE(some.geometry(), QRect(0, 0, 100, 100));
     QCOMPARE(widget.geometry(), QRect(1, 2, 3, 4));
-    QCOMPARE(some.background()->geometry(), QRect(5, 6, 7, 8));
+    QCOMPARE(some.background_widget()->geometry(), QRect(5, 6, 7, 8));
 }
 
 void test_cell::has_the_rest_from_its_base()

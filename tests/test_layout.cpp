@@ -237,8 +237,8 @@ void test_layout::added_widget_is_taken_over()
     const cell &stored = some.grid->cells.at({2, 0});
     QCOMPARE(stored.content, third.content);
     QCOMPARE(stored.content->parentWidget(), &some.parent);
-    QCOMPARE(stored.background(), third.background());
-    QVERIFY(!stored.background()->parent());
+    QCOMPARE(stored.background_widget(), third.background_widget());
+    QVERIFY(!stored.background_widget()->parent());
     QCOMPARE(stored.owner, some.grid);
     QCOMPARE(stored.column, 2);
     QCOMPARE(stored.row, 0);
@@ -310,12 +310,12 @@ void test_layout::add_replaces_an_empty_cell()
     some.grid->add_at(named_cell("z"), 1, 1, false);
     some.grid->add_at(named_cell("y"), 1, 0, false);
     QCOMPARE(drawn(*some.grid), QString(".y|.z"));
-    const QWidget *replaced = some.grid->cells.at({0, 0}).background();
+    const QWidget *replaced = some.grid->cells.at({0, 0}).background_widget();
     const cell added = named_cell("a");
     some.grid->add(added);
     QCOMPARE(drawn(*some.grid), QString("ay|.z"));
-    QCOMPARE(some.grid->cells.at({0, 0}).background(), added.background());
-    QVERIFY(added.background() != replaced);
+    QCOMPARE(some.grid->cells.at({0, 0}).background_widget(), added.background_widget());
+    QVERIFY(added.background_widget() != replaced);
 }
 
 void test_layout::add_sizes_its_lines_data()

@@ -63,7 +63,7 @@ void test_layout_filling::covered_cells_share_a_background_of_one_run()
     layout_screen some(3);
     add_described(*some.grid, "a3x2");
     const auto background_at = [&](int column, int row) {
-        return some.grid->cells.at({column, row}).background();
+        return some.grid->cells.at({column, row}).background_widget();
     };
     const QWidget *first_run = background_at(1, 0);
     QVERIFY(first_run);
@@ -101,7 +101,7 @@ void test_layout_filling::empty_cells_have_backgrounds_of_their_own()
     QCOMPARE(drawn(*some.grid), QString("a.|.z"));
     QSet<QWidget *> backgrounds;
     for (const auto &[place, each] : some.grid->cells) {
-        backgrounds.insert(each.background());
+        backgrounds.insert(each.background_widget());
         QCOMPARE(each.owner, some.grid);
         QCOMPARE(each.row, place.row);
         QCOMPARE(each.column, place.column);

@@ -226,7 +226,7 @@ void test_layout_geometry::content_stands_in_its_slot()
     some.set_lines({30, 200});
     some.pass();
     QTEST(some.area_of(tested.content), "content");
-    QTEST(some.area_of(tested.background()), "background");
+    QTEST(some.area_of(tested.background_widget()), "background");
 }
 
 void test_layout_geometry::every_wish_is_placed_by_the_rule_data()
@@ -265,11 +265,11 @@ void test_layout_geometry::every_wish_is_placed_by_the_rule()
     cell &tested = some.grid->cells.at(axis == Qt::Horizontal ? qor::qt::position{1, 0}
                                                               : qor::qt::position{0, 1});
     QWidget *content = tested.content;
-    QWidget *background = tested.background();
+    QWidget *background = tested.background_widget();
     for (const side &wish : many_wishes()) {
         cell changed = wishes_on(axis, wish);
         changed.content = content;
-        delete std::exchange(changed.background_widget, background);
+        delete std::exchange(changed.background, background);
         changed.row = tested.row;
         changed.column = tested.column;
         tested = changed;

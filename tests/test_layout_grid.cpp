@@ -61,7 +61,7 @@ void test_layout_grid::both_axes_are_placed_at_once()
     const cell &tested = some.add(wishes);
     some.pass();
     QCOMPARE(tested.content->geometry(), QRect(194, 21, 100, 181));
-    QCOMPARE(tested.background()->geometry(), QRect(188, 12, 103, 188));
+    QCOMPARE(tested.background_widget()->geometry(), QRect(188, 12, 103, 188));
 }
 
 void test_layout_grid::rows_stand_below_each_other()
@@ -89,7 +89,7 @@ void test_layout_grid::empty_cell_takes_no_room_in_its_row()
     const QWidget *last = some.add().content;
     some.grid->column_widths = {50, 60, 70};
     some.pass();
-    QCOMPARE(empty.background()->geometry(), QRect(50, 0, 60, 40));
+    QCOMPARE(empty.background_widget()->geometry(), QRect(50, 0, 60, 40));
     QCOMPARE(last->geometry(), QRect(50, 0, 70, 40));
 }
 
@@ -132,7 +132,7 @@ void test_layout_grid::cells_before_the_first_line_stay()
     some.grid->add_at(outside, -1, 0, true);
     some.pass();
     QCOMPARE(outside.content->geometry(), QRect(1, 2, 3, 4));
-    QVERIFY(!outside.background()->parent());
+    QVERIFY(!outside.background_widget()->parent());
 }
 
 void test_layout_grid::alignment_has_no_effect()

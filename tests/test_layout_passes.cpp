@@ -65,7 +65,7 @@ void test_layout_passes::sizes_are_fixed()
     const cell &stored = some.add();
     stored.content->setMinimumSize(400, 400);
     some.pass();
-    for (const QWidget *widget : {stored.content, stored.background()}) {
+    for (const QWidget *widget : {stored.content, stored.background_widget()}) {
         QCOMPARE(widget->minimumSize(), QSize(300, 100));
         QCOMPARE(widget->maximumSize(), QSize(300, 100));
         QCOMPARE(widget->size(), QSize(300, 100));
@@ -81,7 +81,7 @@ void test_layout_passes::size_below_zero_is_none()
     const message_collector qt;
     some.pass();
     QCOMPARE(stored.content->geometry(), QRect(80, 80, 0, 0));
-    QCOMPARE(stored.background()->geometry(), QRect(80, 80, 0, 0));
+    QCOMPARE(stored.background_widget()->geometry(), QRect(80, 80, 0, 0));
     QCOMPARE(qt.messages(), QStringList());
 }
 
@@ -93,12 +93,12 @@ void test_layout_passes::background_becomes_a_child_without_being_shown()
     const cell &stored = some.add();
     const cell &empty = some.add_as_is(cell());
     some.pass();
-    for (const QWidget *background : {stored.background(), empty.background()}) {
+    for (const QWidget *background : {stored.background_widget(), empty.background_widget()}) {
         QCOMPARE(background->parentWidget(), &some.parent);
         QVERIFY(!background->isVisible());
     }
-    QCOMPARE(stored.background()->geometry(), QRect(0, 0, 150, 100));
-    QCOMPARE(empty.background()->geometry(), QRect(150, 0, 150, 100));
+    QCOMPARE(stored.background_widget()->geometry(), QRect(0, 0, 150, 100));
+    QCOMPARE(empty.background_widget()->geometry(), QRect(150, 0, 150, 100));
 }
 
 void test_layout_passes::covered_cells_background_ends_in_the_last_place()
@@ -109,8 +109,8 @@ void test_layout_passes::covered_cells_background_ends_in_the_last_place()
     some.add(wide);
     some.grid->column_widths = {50, 60, 70};
     some.pass();
-    const QWidget *shared = some.grid->cells.at({1, 0}).background();
-    QCOMPARE(shared, some.grid->cells.at({2, 0}).background());
+    const QWidget *shared = some.grid->cells.at({1, 0}).background_widget();
+    QCOMPARE(shared, some.grid->cells.at({2, 0}).background_widget());
     QCOMPARE(shared->parentWidget(), &some.parent);
     QCOMPARE(shared->geometry(), QRect(180, 0, 70, 100));
 }
@@ -121,7 +121,7 @@ void test_layout_passes::content_is_raised_above_all()
     for (const char *name : {"a", "b", "c", "d"}) {
         const cell &stored = some.add();
         stored.content->setObjectName(name);
-        stored.background()->setObjectName(QString("behind ") + name);
+        stored.background_widget()->setObjectName(QString("behind ") + name);
     }
     auto *stranger = new QWidget(&some.parent);
     stranger->setObjectName("stranger");
@@ -204,7 +204,7 @@ void test_layout_passes::pass_without_a_parent_does_nothing()
     QCOMPARE(parentless.seen_width, -1);
     QCOMPARE(parentless.repeat_count, 0);
     QCOMPARE(content.geometry(), before);
-    QVERIFY(!added.background()->parent());
+    QVERIFY(!added.background_widget()->parent());
 }
 
 void test_layout_passes::parent_may_come_after_the_cells()
@@ -219,8 +219,8 @@ void test_layout_passes::parent_may_come_after_the_cells()
     grid->setGeometry({});
     QCOMPARE(added.content->parentWidget(), &parent);
     QCOMPARE(added.content->geometry(), QRect(0, 0, 300, 100));
-    QCOMPARE(added.background()->parentWidget(), &parent);
-    QCOMPARE(added.background()->geometry(), QRect(0, 0, 300, 100));
+    QCOMPARE(added.background_widget()->parentWidget(), &parent);
+    QCOMPARE(added.background_widget()->geometry(), QRect(0, 0, 300, 100));
 }
 
 void test_layout_passes::pass_takes_a_lost_widget_back()
@@ -230,12 +230,12 @@ void test_layout_passes::pass_takes_a_lost_widget_back()
     const cell &stored = some.add();
     some.pass();
     stored.content->setParent(&elsewhere);
-    stored.background()->setParent(&elsewhere);
+    stored.background_widget()->setParent(&elsewhere);
     QCOMPARE(some.grid->count(), 1);
     QCOMPARE(some.grid->indexOf(stored.content), 0);
     some.pass();
     QCOMPARE(stored.content->parentWidget(), &some.parent);
-    QCOMPARE(stored.background()->parentWidget(), &some.parent);
+    QCOMPARE(stored.background_widget()->parentWidget(), &some.parent);
     QCOMPARE(stored.content->geometry(), QRect(0, 0, 300, 100));
 }
 
@@ -246,7 +246,7 @@ void test_layout_passes::widgets_die_with_the_parent()
         layout_screen some(QSize(300, 100));
         const cell &stored = some.add();
         some.pass();
-        widgets << stored.content << stored.background();
+        widgets << stored.content << stored.background_widget();
     }
     for (const QPointer<QWidget> &widget : widgets)
         QVERIFY(!widget);

@@ -25,7 +25,7 @@ struct placed_content {
     {
         widget->resize(30, 20);
         widget->setStyleSheet("color:blue;");
-        placed.background()->setStyleSheet("margin:1px;");
+        placed.background_widget()->setStyleSheet("margin:1px;");
     }
 
     QWidget window;
@@ -76,8 +76,8 @@ QMap<QString, QString> state_of(cell &shown)
         state["widget hidden"] = QString::number(widget->isHidden());
         state["widget enabled"] = QString::number(widget->isEnabled());
     }
-    if (shown.background())
-        state["background's sheet"] = shown.background()->styleSheet();
+    if (shown.background_widget())
+        state["background's sheet"] = shown.background_widget()->styleSheet();
     return state;
 }
 
@@ -207,7 +207,7 @@ void test_layout_properties::kind_changes_this_and_nothing_else()
     placed_content content;
     QCOMPARE(effect_of({write()}, content.placed), effect);
     cell without_widget;
-    without_widget.background()->setStyleSheet("margin:1px;");
+    without_widget.background_widget()->setStyleSheet("margin:1px;");
     QCOMPARE(effect_of({write()}, without_widget), effect_without_widget);
     QVERIFY(!without_widget.widget());
 }
@@ -255,7 +255,7 @@ void test_layout_properties::background_gets_its_sheets_appended()
     target.apply({properties::background_style("color:red;")});
     target.apply({properties::background_style("color:blue;color:red;")});
     target.apply({&properties::no_background});
-    QCOMPARE(target.background()->styleSheet(),
+    QCOMPARE(target.background_widget()->styleSheet(),
              QString("color:red;color:blue;color:red;"
                      "background-color:none;background-image:none;"));
 }
@@ -263,8 +263,8 @@ void test_layout_properties::background_gets_its_sheets_appended()
 void test_layout_properties::cell_without_a_background_is_spared()
 {
     placed_content content;
-    delete content.placed.background_widget;
-    content.placed.background_widget = nullptr;
+    delete content.placed.background;
+    content.placed.background = nullptr;
     QCOMPARE(effect_of({properties::background_style("color:red;"), &properties::no_background},
                        content.placed),
              QStringList());

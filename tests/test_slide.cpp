@@ -4,6 +4,7 @@
 #include "test_main.h"
 
 #include <QDialog>
+#include <QElapsedTimer>
 
 #include <limits>
 
@@ -131,6 +132,7 @@ class test_slide : public QObject
     Q_OBJECT
 
 private slots:
+    void each_step_takes_its_share_of_a_second();
     void row_slides_to_its_target_data();
     void row_slides_to_its_target();
     void column_slides_unpainted_data();
@@ -148,6 +150,19 @@ private slots:
     void slides_in_a_layout_inside();
     void moves_the_dialog_and_not_its_owner();
 };
+
+/// A slide that doesn't wait would be over at once.
+void test_slide::each_step_takes_its_share_of_a_second()
+{
+    constexpr int steps = 3;
+    constexpr int step_ms = 40;
+    screen some({100, 100});
+    QVERIFY(some.show());
+    QElapsedTimer clock;
+    clock.start();
+    some.sliding().animate_row_height(40, 0.12F);
+    QVERIFY2(clock.elapsed() >= steps * step_ms, qPrintable(QString::number(clock.elapsed())));
+}
 
 void test_slide::row_slides_to_its_target_data()
 {

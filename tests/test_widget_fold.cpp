@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "german_catalogues.h"
 #include "outside_run.h"
 #include "qor/qt/properties.h"
 #include "qor/qt/widget_fold.h"
 #include "test_main.h"
 
+#include <QAbstractEventDispatcher>
 #include <QLabel>
 #include <QPointer>
 #include <QPushButton>
@@ -97,6 +99,18 @@ const cell &content_cell(const widget_fold *section)
     return section->main_layout->cells.at({0, 1});
 }
 
+/// The interval of the timer behind the late step.
+int late_step_interval()
+{
+    auto *dispatcher = QAbstractEventDispatcher::instance();
+    for (QObject *child : dispatcher->children()) {
+        const auto timers = dispatcher->registeredTimers(child);
+        if (child->inherits("QSingleShotTimer") && timers.size() == 1)
+            return timers.first().interval;
+    }
+    return -1;
+}
+
 /// Has the late step run.
 bool wait_for_late_step(const widget_fold *section)
 {
@@ -137,6 +151,8 @@ private slots:
     void title_is_a_label_if_not_empty_data();
     void title_is_a_label_if_not_empty();
     void makes_a_button_of_its_own();
+    void speaks_german_too();
+    void late_step_comes_a_millisecond_later();
     void takes_a_button_over();
     void button_column_is_as_wide_as_the_button_asks_data();
     void button_column_is_as_wide_as_the_button_asks();
@@ -245,6 +261,31 @@ void test_widget_fold::makes_a_button_of_its_own()
     const int hinted_width = QPushButton("fold").sizeHint().width();
     QVERIFY(hinted_width > 20);
     QCOMPARE(section->main_layout->column_widths, std::vector<int>({hinted_width - 20, 0}));
+}
+
+void test_widget_fold::speaks_german_too()
+{
+    const german_catalogues german;
+    bench some;
+    widget_fold *section = some.click_for_section();
+    QVERIFY(section);
+    QVERIFY(wait_for_late_step(section));
+    QCOMPARE(section->button->text(), QString("Zuklappen"));
+    click(section);
+    QCOMPARE(section->button->text(), QString("Aufklappen"));
+    click(section);
+    QCOMPARE(section->button->text(), QString("Zuklappen"));
+}
+
+void test_widget_fold::late_step_comes_a_millisecond_later()
+{
+    bench some;
+    int interval = -1;
+    some.behind_making = [&interval](widget_fold &) { interval = late_step_interval(); };
+    const widget_fold *section = some.click_for_section();
+    QVERIFY(section);
+    QCOMPARE(interval, 1);
+    QVERIFY(wait_for_late_step(section));
 }
 
 void test_widget_fold::takes_a_button_over()
@@ -482,7 +523,9 @@ void test_widget_fold::section_without_a_cell_ends_the_program()
     QVERIFY2(result.errors.startsWith("assert \"found != widget_cells.end()\" failed at "),
              result.errors);
     QVERIFY2(result.errors.contains("widget_fold.cpp:"), result.errors);
-    QVERIFY2(result.errors.endsWith("Stacktrace is empty\n\n\n"), result.errors);
+    QVERIFY2(result.errors.endsWith(" in qor::qt::cell& qor::qt::cell_around_clicked_widget()\n"
+                                    "Stacktrace is empty\n\n\n"),
+             result.errors);
     QCOMPARE(result.output, QByteArray());
 }
 

@@ -23,7 +23,7 @@ cell *clicked_cell = nullptr;
 
 cell::cell() : cell(nullptr) {}
 
-cell::cell(QWidget *widget) : background_widget(new QWidget), content(widget) {}
+cell::cell(QWidget *widget) : background(new QWidget), content(widget) {}
 
 void cell::apply(const property_list &properties)
 {
@@ -94,9 +94,9 @@ QWidget *cell::widget()
     return content;
 }
 
-QWidget *cell::background() const
+QWidget *cell::background_widget() const
 {
-    return background_widget;
+    return background;
 }
 
 QWidget &cell::window() const

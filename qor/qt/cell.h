@@ -69,10 +69,10 @@ public:
     QRect geometry() const override;
     bool isEmpty() const override;
     QWidget *widget() override;
-    QWidget *background() const;
+    QWidget *background_widget() const;
 
     bool spanned = false;        ///< covered by the span of another cell
-    QWidget *background_widget;  ///< stands behind the content; child of the parent once laid out
+    QWidget *background;         ///< stands behind the content; child of the parent once laid out
     QWidget *content = nullptr;  ///< what `widget` returns
     float margin_left = -1;      ///< negative: this side isn't set, as with the next three
     float margin_right = -1;

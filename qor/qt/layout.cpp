@@ -110,7 +110,8 @@ void grow(std::vector<int> &lines, int last)
 int &line_at(std::vector<int> &lines, int index, int last)
 {
     if (index < 0 && (lines.empty() || last < 0))
-        assertion_failed("!lines.empty() && last >= 0", __FILE__, __LINE__, __PRETTY_FUNCTION__);
+        assertion_failed("!lines.empty() && last >= 0", __FILE__, __LINE__,
+                         "int& qor::qt::line_at(std::vector<int>&, int, int)");
     const int asked = index < 0 ? last : index;
     grow(lines, asked);
     return lines[static_cast<std::size_t>(asked)];
@@ -382,9 +383,9 @@ float layout::place_cell(cell &each, const axis &columns, const axis &rows, floa
     QWidget *content = each.widget();
     if (content)
         set_area(*content, across_place, down_place, {each.shift_x, each.shift_y});
-    if (each.background()) {
-        set_area(*each.background(), padded(across_place, across), padded(down_place, down));
-        each.background()->setParent(parentWidget());
+    if (each.background_widget()) {
+        set_area(*each.background_widget(), padded(across_place, across), padded(down_place, down));
+        each.background_widget()->setParent(parentWidget());
     }
     if (!content)
         return 0;

@@ -110,8 +110,8 @@ void add_style(cell &, QWidget &widget, const property &instruction)
 
 void append_to_background(cell &target, const QString &sheet)
 {
-    if (target.background())
-        target.background()->setStyleSheet(target.background()->styleSheet() + sheet);
+    if (target.background_widget())
+        target.background_widget()->setStyleSheet(target.background_widget()->styleSheet() + sheet);
 }
 
 void add_background_style(cell &target, const property &instruction)

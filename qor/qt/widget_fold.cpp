@@ -22,16 +22,14 @@ constexpr int late_step_ms = 1;
 constexpr int button_trim_px = 20;
 constexpr int content_height_px = 400;
 
-constexpr char fold_text[] = "fold";
-constexpr char unfold_text[] = "unfold";
-
 /// The cell whose content is the parent of the widget clicked last.
 cell &cell_around_clicked_widget()
 {
     QWidget *clicked = clicked_cell ? clicked_cell->widget() : nullptr;
     const auto found = widget_cells.find(clicked ? clicked->parentWidget() : nullptr);
     if (found == widget_cells.end())
-        assertion_failed("found != widget_cells.end()", __FILE__, __LINE__, __PRETTY_FUNCTION__);
+        assertion_failed("found != widget_cells.end()", __FILE__, __LINE__,
+                         "qor::qt::cell& qor::qt::cell_around_clicked_widget()");
     return *found->second;
 }
 
@@ -58,13 +56,19 @@ widget_fold::widget_fold(QString title, QPushButton *button, double seconds, int
 void widget_fold::add_button()
 {
     if (!button) {
-        button = new QPushButton(fold_text);
+        button = new QPushButton(own_button_text());
         owns_button = true;
     }
     main_layout->add<QPushButton>(button, [this] { toggle(); },
                                   {properties::row_height(fold_height)});
     const int hinted_width = button->sizeHint().width();
     main_layout->column_width() = hinted_width != 0 ? hinted_width - button_trim_px : fold_height;
+}
+
+/// lupdate, which collects the texts to translate, needs the whole name of the class.
+QString widget_fold::own_button_text() const
+{
+    return is_folded ? qor::qt::widget_fold::tr("unfold") : qor::qt::widget_fold::tr("fold");
 }
 
 void widget_fold::add_title(const QString &title)
@@ -106,7 +110,7 @@ void widget_fold::toggle()
     if (is_folded)
         open_height = row_height_of(section);
     if (owns_button)
-        button->setText(is_folded ? unfold_text : fold_text);
+        button->setText(own_button_text());
     section.animate_row_height(is_folded ? fold_height : open_height, static_cast<float>(seconds));
     emit folded(!is_folded);
 }

@@ -48,6 +48,7 @@ signals:
 
 private:
     void add_button();
+    QString own_button_text() const;
     void add_title(const QString &title);
     void add_content();
     void schedule_late_step();

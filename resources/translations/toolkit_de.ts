@@ -53,4 +53,15 @@ Der vollständige Text der LGPL wurde als Textdatei mit dieser Software ausgelie
         <translation>Der Lizenztext unter %1 konnte nicht geöffnet werden</translation>
     </message>
 </context>
+<context>
+    <name>qor::qt::widget_fold</name>
+    <message>
+        <source>fold</source>
+        <translation>Zuklappen</translation>
+    </message>
+    <message>
+        <source>unfold</source>
+        <translation>Aufklappen</translation>
+    </message>
+</context>
 </TS>
