@@ -29,6 +29,10 @@ public:
     void load_settings();
     void save_settings();
 
+private:
+    datetime_format_form *ui;  ///< owned; lives to the end of the process
+
+public:
     QString date_format;
     QString time_format;
 
@@ -50,6 +54,4 @@ private:
     void choose_date(const orv::radio *button);
     void choose_time(const orv::radio *button);
     void commit();
-
-    datetime_format_form *ui;  ///< owned; lives to the end of the process
 };

@@ -31,6 +31,10 @@ public:
     /// Gives all labels and fields the same tool tip.
     void set_tooltips(const QString &text);
 
+private:
+    time_adjustment_form *ui;  ///< owned; lives to the end of the process
+
+public:
     int year = 0;  ///< as entered, like the next six; 0 for an empty or unfinished number
     int month = 0;
     int day = 0;
@@ -60,6 +64,4 @@ protected:
 private:
     void add_validators();
     void take(int &field, const QString &text);
-
-    time_adjustment_form *ui;  ///< owned; lives to the end of the process
 };
