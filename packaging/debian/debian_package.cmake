@@ -16,7 +16,6 @@ endfunction()
 install_compressed(man/kelvra.1 share/man/man1 kelvra.1)
 install_compressed(debian/changelog ${document_folder} changelog)
 install(FILES debian/copyright DESTINATION ${document_folder})
-install(FILES debian/lintian-overrides DESTINATION share/lintian/overrides RENAME kelvra)
 
 file(MAKE_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR}/licenses)
 foreach(license GPL-3 LGPL-3)
