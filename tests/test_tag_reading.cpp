@@ -35,7 +35,8 @@ private slots:
     void reply_comes_back_through_the_pipe();
     void names_are_in_byte_order();
     void broken_reply_gives_what_it_held();
-    void unreadable_file_gives_no_tags();
+    void unreadable_file_gives_what_the_reply_holds_data();
+    void unreadable_file_gives_what_the_reply_holds();
     void reading_prints_nothing_unless_asked_to();
     void result_is_printed_on_demand_data();
     void result_is_printed_on_demand();
@@ -141,11 +142,31 @@ void test_tag_reading::broken_reply_gives_what_it_held()
     QCOMPARE(output.text(), QByteArray("[exiftool cerr] 'Error: half a file\n'\n"));
 }
 
-void test_tag_reading::unreadable_file_gives_no_tags()
+/// In the words of the tool.
+void test_tag_reading::unreadable_file_gives_what_the_reply_holds_data()
 {
+    QTest::addColumn<QStringList>("answer");
+    QTest::addColumn<QStringList>("tags");
+    QTest::addColumn<QByteArray>("said");
+    QTest::newRow("missing")
+        << QStringList{"err Error: File not found - /p/x.jpg\\n", "out {ready}\\n"} << QStringList()
+        << QByteArray("[exiftool cerr] 'Error: File not found - /p/x.jpg\n'\n");
+    QTest::newRow("folder")
+        << QStringList{"out     1 directories scanned\\n    0 image files read\\n{ready}\\n"}
+        << QStringList() << QByteArray();
+    QTest::newRow("empty")
+        << QStringList{"out -ExifTool:Error=File is empty\\n-System:FileName=x.jpg\\n{ready}\\n"}
+        << QStringList{"[ExifTool:Error]=[File is empty]", "[System:FileName]=[x.jpg]"}
+        << QByteArray();
+}
+
+void test_tag_reading::unreadable_file_gives_what_the_reply_holds()
+{
+    QFETCH(QStringList, answer);
+    tool.script("next", answer);
     const captured_output output;
-    QCOMPARE(exiftool::instance()->read_tags("/no/such.jpg", true, false).size(), std::size_t(0));
-    QCOMPARE(output.text(), QByteArray());
+    QTEST(shown(exiftool::instance()->read_tags("/p/x.jpg", true, false)), "tags");
+    QTEST(output.text(), "said");
 }
 
 void test_tag_reading::reading_prints_nothing_unless_asked_to()

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "centred_place.h"
 #include "german_catalogues.h"
 #include "loop_with.h"
 #include "modal_watch.h"
@@ -86,18 +87,6 @@ QRect place_of_plain_dialog(MainWindow &window, QSize size)
     return plain.place;
 }
 
-int middle(int window_first, int window_last, int dialog_length)
-{
-    return (window_first + window_last) / 2 - (dialog_length - 1) / 2;
-}
-
-QRect centred(const QRect &window, QSize dialog)
-{
-    return {QPoint(middle(window.left(), window.right(), dialog.width()),
-                   middle(window.top(), window.bottom(), dialog.height())),
-            dialog};
-}
-
 /// The platform of the tests keeps the frames of its windows on the screen.
 QRect with_frame_on_screen(const QRect &place)
 {
@@ -170,7 +159,7 @@ void test_window_commands::about_stands_over_the_middle()
         const shown_place about = place_of_about(*road.window);
         QVERIFY(about.was_chosen);
         QCOMPARE(about.place,
-                 centred(road.window->geometry(), orv::dialog_about(nullptr, true).size()));
+                 centred_place(road.window->geometry(), orv::dialog_about(nullptr, true).size()));
         parities << about.place.width() % 2;
     }
     QCOMPARE(parities.size(), 2);
@@ -193,7 +182,8 @@ void test_window_commands::about_is_centred_up_to_the_edge_of_the_screen()
     const QSize size = orv::dialog_about(nullptr, true).size();
     const auto steps_to_the_edge = [&] {
         int steps = 0;
-        while (screen.contains(centred(window.geometry(), size).translated(way_out * (steps + 1))))
+        while (screen.contains(
+            centred_place(window.geometry(), size).translated(way_out * (steps + 1))))
             ++steps;
         return steps;
     };
@@ -202,7 +192,7 @@ void test_window_commands::about_is_centred_up_to_the_edge_of_the_screen()
         move_window(window, corner += way_out * steps);
     const shown_place at_the_edge = place_of_about(window);
     QVERIFY(at_the_edge.was_chosen);
-    QCOMPARE(at_the_edge.place, with_frame_on_screen(centred(window.geometry(), size)));
+    QCOMPARE(at_the_edge.place, with_frame_on_screen(centred_place(window.geometry(), size)));
 
     move_window(window, corner + way_out);
     const shown_place beyond = place_of_about(window);
