@@ -1,16 +1,29 @@
 #!/bin/sh
 # SPDX-License-Identifier: GPL-3.0-or-later
 #
-# Tries ./run.sh and ./test.sh on machines that have nothing but git: in two roots of Debian 12, in
-# one as root, in the other as a normal user with sudo. Takes the last commit of the tree. Installs
-# missing Debian packages first, and says which.
+# Tries ./run.sh and ./test.sh on machines that have nothing but git: in two roots of a release of
+# Debian, in one as root, in the other as a normal user with sudo. Takes the last commit of the tree.
+# Installs missing Debian packages first, and says which.
 #
-# usage: packaging/check_fresh_machine.sh [root | user]
+# usage: packaging/check_fresh_machine.sh [RELEASE [root | user]]
+#   RELEASE  bookworm (Debian 12, which it is without one) or trixie (Debian 13)
 #
 # Is run by root, and takes about half an hour. Ends with the first thing that fails.
 set -eu
 cd "$(dirname "$0")/.."
 . packaging/fresh_root.sh
+
+print_usage_and_exit() {
+    sed -n '4,/^set/s/^# \{0,1\}//p' "$0" >&2
+    exit 2
+}
+
+release=${1:-bookworm}
+who=${2:-both}
+case $release:$who in
+bookworm:root | bookworm:user | bookworm:both | trixie:root | trixie:user | trixie:both) ;;
+*) print_usage_and_exit ;;
+esac
 
 need_root_user
 packaging/install_packages.sh roots
@@ -29,14 +42,14 @@ trap 'exit 1' HUP INT TERM
 first_steps="./run.sh && ./test.sh"
 
 try_as_root() {
-    make_fresh_root "$scratch/root" git
+    make_fresh_root "$scratch/root" git "$release"
     git clone --quiet --no-hardlinks . "$scratch/root/root/kelvra"
     run_in_root "$scratch/root" chown --recursive root: /root/kelvra
     run_in_root "$scratch/root" sh -c "cd /root/kelvra && $first_steps"
 }
 
 try_as_user() {
-    make_fresh_root "$scratch/user" git,sudo
+    make_fresh_root "$scratch/user" git,sudo "$release"
     run_in_root "$scratch/user" useradd --create-home anna
     echo "anna ALL=(ALL) NOPASSWD: ALL" >"$scratch/user/etc/sudoers.d/anna"
     git clone --quiet --no-hardlinks . "$scratch/user/home/anna/kelvra"
@@ -44,15 +57,5 @@ try_as_user() {
     run_in_root_as "$scratch/user" anna sh -c "cd kelvra && $first_steps"
 }
 
-case ${1:-both} in
-root) try_as_root ;;
-user) try_as_user ;;
-both)
-    try_as_root
-    try_as_user
-    ;;
-*)
-    sed -n '4,/^set/s/^# \{0,1\}//p' "$0" >&2
-    exit 2
-    ;;
-esac
+[ "$who" = user ] || try_as_root
+[ "$who" = root ] || try_as_user

@@ -1,8 +1,8 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 # shellcheck shell=sh
 #
-# Debian 12 in a folder of its own, for the scripts that try things on a fresh machine. They are run
-# by root. Sourced, not run.
+# A release of Debian in a folder of its own, for the scripts that try things on a fresh machine.
+# They are run by root. Sourced, not run.
 
 # All users of the root read what is put there.
 umask 022
@@ -10,14 +10,16 @@ umask 022
 debian_mirror=${DEBIAN_MIRROR:-http://deb.debian.org/debian}
 security_mirror=${DEBIAN_SECURITY_MIRROR:-http://deb.debian.org/debian-security}
 
-# Makes the folder $1 a root with the least of packages, and the packages $2 (with commas between).
+# Makes the folder $1 a root of the release $3 (bookworm without one) with the least of packages, and
+# the packages $2 (with commas between).
 make_fresh_root() {
+    release=${3:-bookworm}
     mkdir -p "$1"
-    debootstrap --variant=minbase --include="$2" bookworm "$1" "$debian_mirror"
+    debootstrap --variant=minbase --include="$2" "$release" "$1" "$debian_mirror"
     cat >"$1/etc/apt/sources.list" <<END
-deb $debian_mirror bookworm main
-deb $debian_mirror bookworm-updates main
-deb $security_mirror bookworm-security main
+deb $debian_mirror $release main
+deb $debian_mirror $release-updates main
+deb $security_mirror $release-security main
 END
     cp /etc/resolv.conf "$1/etc/resolv.conf"
     mount -t proc proc "$1/proc"

@@ -5,19 +5,18 @@
 # rules, and counts how many of these mutants the tests notice.
 #
 # usage: tests/mutate.sh [SEED [COUNT [SOURCE...]]]
+#          mutants of these sources, or of all in the table below, against the tests named there
+#        tests/mutate.sh random COUNT SEED
+#          mutants drawn by lot from all sources of the program, against all tests
+#
 #   SEED    picks the changes; the same seed gives the same ones (default 1)
-#   COUNT   mutants of each source (default 20; a short source may have less)
-#   SOURCE  only these, of the table below
+#   COUNT   mutants of each source (default 20; a short source may have less), or of all together
 #
 # Works in a copy below build/mutants. A change that doesn't compile isn't a mutant. Prints each
-# mutant, then the survivors and the share that was caught; fails below 90 percent.
+# mutant, then the survivors and the share that was caught; fails below 90 percent. A mutant that
+# behaves like the original survives too: read what is printed.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-
-seed=${1:-1}
-count=${2:-20}
-[ $# -lt 2 ] || shift
-[ $# -eq 0 ] || shift
 
 # The sources, and the tests that concern each, the quickest to notice something first.
 sources="
@@ -41,8 +40,11 @@ original=$work/original
 results=$work/results
 memory_limit_kb=4000000
 
+# The tests of the table, and the one that has the source's name.
 tests_of() {
     echo "$sources" | awk -v source="$1" '$1 == source { $1 = ""; print }'
+    named=$(basename "$1" | sed 's/\..*//')
+    [ ! -f "tests/test_$named.cpp" ] || echo "$named"
 }
 
 # The working tree as it stands, in the copy; what is the same there stays untouched.
@@ -76,24 +78,91 @@ first_red_test() {
     done
 }
 
+# Puts the change of that number into the copy of a source, and says what it is. Fails, with the
+# source as it was, where the change doesn't compile.
+mutate() {
+    cp "$tree/$2" "$original"
+    tests/mutations.pl apply "$1" "$original" "$tree/$2"
+    cmake --build "$build" --target kelvra >"$work/build_log" 2>&1 || {
+        restore "$2"
+        return 1
+    }
+}
+
+restore() {
+    cp "$original" "$tree/$1"
+}
+
+note_result() { # SOURCE CHANGE RED_TEST
+    if [ -n "$3" ]; then
+        echo "caught   $1 $2 (by $3)"
+    else
+        echo "SURVIVED $1 $2"
+    fi | tee -a "$results"
+}
+
 # Tries the mutants of one source.
 try_source() {
-    cp "$tree/$1" "$original"
     tried=0
-    first_test=$(tests_of "$1" | awk '{ print $1 }')
-    for number in $(tests/mutations.pl pick "$seed" "$original"); do
+    for number in $(tests/mutations.pl pick "$seed" "$tree/$1"); do
         [ "$tried" -lt "$count" ] || break
-        change=$(tests/mutations.pl apply "$number" "$original" "$tree/$1")
-        build_test "$first_test" || continue
-        red=$(first_red_test "$1")
-        if [ -n "$red" ]; then
-            echo "caught   $1 $change (by $red)"
-        else
-            echo "SURVIVED $1 $change"
-        fi | tee -a "$results"
+        change=$(mutate "$number" "$1") || continue
+        note_result "$1" "$change" "$(first_red_test "$1")"
+        restore "$1"
         tried=$((tried + 1))
     done
-    cp "$original" "$tree/$1"
+}
+
+try_table() {
+    # shellcheck disable=SC2046  # the list is split on purpose
+    [ $# -gt 0 ] || set -- $(echo "$sources" | cut -d ' ' -f 1)
+    for source in "$@"; do
+        red=$(first_red_test "$source")
+        if [ -n "$red" ]; then
+            echo "$red is red without a change" >&2
+            exit 2
+        fi
+    done
+    for source in "$@"; do
+        try_source "$source"
+    done
+}
+
+red_test_of_log() {
+    awk '/Test +#.*\*\*\*/ { sub(/.*Test +#[0-9]+: /, ""); print $1; found = 1; exit }
+        END { if (!found) print "a test" }' "$work/test_log"
+}
+
+# Of all tests, after those that know the source best.
+first_red_test_of_all() {
+    red=$(first_red_test "$1")
+    if [ -n "$red" ]; then
+        echo "$red"
+    elif ! cmake --build "$build" >"$work/build_log" 2>&1; then
+        echo "the build"
+    else
+        (
+            ulimit -v "$memory_limit_kb"
+            ctest --test-dir "$build" --parallel 2 --stop-on-failure >"$work/test_log" 2>&1
+        ) || red_test_of_log
+    fi
+}
+
+# The names of the tags are left out: they are the metadata tool's.
+program_sources() {
+    git ls-files 'src/*.cpp' 'src/*.h' 'orv_toolkit/*.cpp' 'orv_toolkit/*.h' 'qor/*.cpp' 'qor/*.h'
+}
+
+try_lot() {
+    # shellcheck disable=SC2046  # the list is split on purpose
+    tests/mutations.pl draw "$seed" $(program_sources) >"$work/lot"
+    tried=0
+    while read -r number source && [ "$tried" -lt "$count" ]; do
+        change=$(mutate "$number" "$source") || continue
+        note_result "$source" "$change" "$(first_red_test_of_all "$source")"
+        restore "$source"
+        tried=$((tried + 1))
+    done <"$work/lot"
 }
 
 mkdir -p "$tree"
@@ -101,18 +170,15 @@ mkdir -p "$tree"
 copy_tree
 cmake -S "$tree" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Debug -Dwarnings_as_errors=OFF \
     >"$work/build_log"
-# shellcheck disable=SC2046  # the list is split on purpose
-[ $# -gt 0 ] || set -- $(echo "$sources" | cut -d ' ' -f 1)
-for source in "$@"; do
-    red=$(first_red_test "$source")
-    if [ -n "$red" ]; then
-        echo "$red is red without a change" >&2
-        exit 2
-    fi
-done
-for source in "$@"; do
-    try_source "$source"
-done
+if [ "${1:-}" = random ]; then
+    count=$2
+    seed=$3
+    try_lot
+else
+    seed=${1:-1}
+    count=${2:-20}
+    try_table "${@:3}"
+fi
 
 echo
 grep '^SURVIVED' "$results" || echo 'no survivors'

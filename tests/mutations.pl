@@ -1,13 +1,14 @@
 #!/usr/bin/perl
 # SPDX-License-Identifier: GPL-3.0-or-later
 #
-# Small changes to a C++ source: one operator, constant, text or condition each.
+# Small changes to C++ sources: one operator, constant, text, condition or statement each.
 #
 # usage: mutations.pl pick SEED FILE          the numbers of all its changes, in an order of the seed
+#        mutations.pl draw SEED FILE...       the same of several sources, "NUMBER FILE" each
 #        mutations.pl apply NUMBER IN OUT     writes IN with that change to OUT, and says what it is
 #
 # The source is read line by line, formatted as in this tree: operators of two operands stand
-# between blanks, templates and pointers don't.
+# between blanks, templates and pointers don't; a statement that isn't left out stands on one line.
 use strict;
 use warnings;
 
@@ -16,6 +17,9 @@ my %operators = (
     '&&' => '||', '||' => '&&', '+' => '-', '-' => '+', '*' => '/', '/' => '*',
     '+=' => '-=', '-=' => '+=', '>>' => '<<', '?' => '|| true ?',
 );
+my $statement = qr/^\ {4,}(?!return\b|break\b|using\b|const\b|static\b|auto\b|else\b|if\b|for\b)
+                   [\w*(].*(?:\(|\ =\ |\ <<\ |\+\+|--).*;$/x;
+my $declaration = qr/^\s+[\w:<>*&,\ ]+\ [*&]?\w+\(.*\)(?:\ const)?(?:\ override)?;$/x;
 my $operator = join '|', map { quotemeta } sort { length $b <=> length $a } keys %operators;
 
 # The changes of a line: [offset, length, replacement] each.
@@ -59,20 +63,48 @@ sub lines_of {
     return <$file>;
 }
 
+# Leaves out a statement that begins and ends on this line: a call or an assignment.
+sub dropped_statement {
+    my ($before, $line) = @_;
+    return if $line !~ $statement || $line =~ $declaration || $before !~ /(?:[;{}:)]|else)$/;
+    my ($indent) = $line =~ /^(\s*)/;
+    return [length $indent, length($line) - length($indent) - 1, ';'];
+}
+
 # All changes of a source: [line index, offset, length, replacement] each.
 sub changes_of {
     my @lines = @_;
-    return map { my $index = $_; map { [$index, @$_] } changes_of_line($lines[$index]) } 0 .. $#lines;
+    my @changes;
+    for my $index (0 .. $#lines) {
+        push @changes, map { [$index, @$_] } changes_of_line($lines[$index]),
+            dropped_statement($index ? $lines[$index - 1] : '', $lines[$index]);
+    }
+    return @changes;
+}
+
+sub shuffled {
+    my @list = @_;
+    my @order;
+    push @order, splice @list, int(rand @list), 1 while @list;
+    return @order;
+}
+
+sub numbers_of {
+    my ($path) = @_;
+    my $count = () = changes_of(lines_of($path));
+    return 0 .. $count - 1;
 }
 
 sub pick {
     my ($seed, $path) = @_;
-    my $count = () = changes_of(lines_of($path));
-    my @numbers = 0 .. $count - 1;
     srand $seed;
-    while (@numbers) {
-        print splice(@numbers, int(rand @numbers), 1), "\n";
-    }
+    print map { "$_\n" } shuffled(numbers_of($path));
+}
+
+sub draw {
+    my ($seed, @paths) = @_;
+    srand $seed;
+    print shuffled(map { my $path = $_; map { "$_ $path\n" } numbers_of($path) } @paths);
 }
 
 sub apply {
@@ -90,8 +122,10 @@ sub apply {
 my ($verb, @arguments) = @ARGV;
 if (($verb // '') eq 'pick' && @arguments == 2) {
     pick(@arguments);
+} elsif (($verb // '') eq 'draw' && @arguments > 1) {
+    draw(@arguments);
 } elsif (($verb // '') eq 'apply' && @arguments == 3) {
     apply(@arguments);
 } else {
-    die "usage: mutations.pl pick SEED FILE | apply NUMBER IN OUT\n";
+    die "usage: mutations.pl pick SEED FILE | draw SEED FILE... | apply NUMBER IN OUT\n";
 }
