@@ -5,7 +5,8 @@
 #
 # usage: ./test.sh           the tests
 #        ./test.sh asan      the same with AddressSanitizer and UndefinedBehaviorSanitizer
-#        ./test.sh coverage  the same, and which lines and branches of the program ran; a page for
+#        ./test.sh clang     the tests, built with clang
+#        ./test.sh coverage  the tests, and which lines and branches of the program ran; a page for
 #                            each source goes to build/coverage/report
 #        ./test.sh soak      5,000 photos loaded, fixed and undone three times in one process
 set -eu
@@ -13,7 +14,7 @@ cd "$(dirname "$0")"
 
 tests=${1:-release}
 case $tests in
-release | asan | coverage) preset=$tests ;;
+release | clang | asan | coverage) preset=$tests ;;
 soak) preset=release ;;
 *)
     sed -n '4,/^set/s/^# \{0,1\}//p' "$0" >&2
@@ -22,6 +23,7 @@ soak) preset=release ;;
 esac
 
 packaging/install_packages.sh build test
+[ "$tests" != clang ] || packaging/install_packages.sh clang
 cmake --preset "$preset"
 cmake --build --preset "$preset"
 [ "$tests" = coverage ] || exec ctest --preset "$tests"

@@ -7,6 +7,7 @@
 #   build        what building and running Kelvra takes
 #   test         what its tests and the virtual displays take besides
 #   screenshots  what taking the pictures of its screens takes besides the first
+#   clang        the second compiler that they are built with
 #   coverage     what counting the lines that the tests run takes besides both
 #   bench        what measuring its speed and memory takes besides the first
 #   package      what making the Debian package takes besides the first
@@ -20,6 +21,7 @@ build_packages="cmake g++ ninja-build qtbase5-dev qttools5-dev qttools5-dev-tool
     libimage-exiftool-perl qttranslations5-l10n fonts-freefont-ttf"
 test_packages="git libxml2-utils openbox tzdata w3c-sgml-lib x11-utils xauth xdotool xvfb"
 screenshot_packages="imagemagick openbox procps x11-utils xauth xdotool xvfb"
+clang_packages="clang"
 coverage_packages="gcovr"
 bench_packages="libbenchmark-dev xauth xvfb"
 package_packages="dpkg-dev file git"
@@ -38,6 +40,7 @@ for set in "$@"; do
     build) packages=$build_packages ;;
     test) packages=$test_packages ;;
     screenshots) packages=$screenshot_packages ;;
+    clang) packages=$clang_packages ;;
     coverage) packages=$coverage_packages ;;
     bench) packages=$bench_packages ;;
     package) packages=$package_packages ;;

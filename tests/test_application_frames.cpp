@@ -17,15 +17,20 @@
 namespace
 {
 
-constexpr char constructor_place[] = "push orv_toolkit/orv/application_common:19 "
-                                     "orv::application<MainWindowClass>::application(int&, char**) "
-                                     "[with MainWindowClass = MainWindow]";
-constexpr char event_place[] = "push orv_toolkit/orv/application_common:24 "
-                               "bool orv::application<MainWindowClass>::event(QEvent*) "
-                               "[with MainWindowClass = MainWindow]";
+const QString constructor_place = "orv_toolkit/orv/application_common:19 "
+                                  "orv::application<MainWindowClass>::application(int&, char**) "
+                                  "[with MainWindowClass = MainWindow]";
+const QString event_place = "orv_toolkit/orv/application_common:24 "
+                            "bool orv::application<MainWindowClass>::event(QEvent*) "
+                            "[with MainWindowClass = MainWindow]";
 
 QStringList scope_log;
 QStringList constructor_log;
+
+QString text_of(const qor::stack_frame &frame)
+{
+    return QString("%1:%2 %3").arg(frame.file, QString::number(frame.line), frame.function);
+}
 
 }  // namespace
 
@@ -35,12 +40,12 @@ namespace qor
 trace_scope::trace_scope(const char *file, int line, const char *function)
     : frame{file, line, function}
 {
-    scope_log << QString("push %1:%2 %3").arg(file, QString::number(line), function);
+    scope_log << "push " + text_of(frame);
 }
 
 trace_scope::~trace_scope()
 {
-    scope_log << "pop";
+    scope_log << "pop " + text_of(frame);
 }
 
 }  // namespace qor
@@ -57,7 +62,8 @@ private slots:
 
 void test_application_frames::constructor_stands_on_the_stack_first()
 {
-    QCOMPARE(constructor_log, QStringList({constructor_place, "pop"}));
+    QCOMPARE(constructor_log,
+             QStringList({"push " + constructor_place, "pop " + constructor_place}));
 }
 
 void test_application_frames::event_stands_on_the_stack_while_it_works()
@@ -66,7 +72,7 @@ void test_application_frames::event_stands_on_the_stack_while_it_works()
     QMetaObject::invokeMethod(
         qApp, [] { scope_log << "working"; }, Qt::QueuedConnection);
     QCoreApplication::sendPostedEvents(qApp, QEvent::MetaCall);
-    QCOMPARE(scope_log, QStringList({event_place, "working", "pop"}));
+    QCOMPARE(scope_log, QStringList({"push " + event_place, "working", "pop " + event_place}));
 }
 
 void test_application_frames::event_stands_on_the_stack_once_per_event()
@@ -76,7 +82,8 @@ void test_application_frames::event_stands_on_the_stack_once_per_event()
         QEvent event(QEvent::User);
         QCoreApplication::sendEvent(qApp, &event);
     }
-    QCOMPARE(scope_log, QStringList({event_place, "pop", event_place, "pop"}));
+    const QStringList one_event{"push " + event_place, "pop " + event_place};
+    QCOMPARE(scope_log, one_event + one_event);
 }
 
 int main(int argc, char **argv)
