@@ -67,8 +67,8 @@ run_test() (
     ctest --test-dir "$build" -R "^$1\$" --no-tests=error >"$work/test_log" 2>&1
 )
 
-# The first test that is red with the sources in the copy, or nothing. Each is built when its turn
-# comes.
+# The first test of a source that is red with the sources in the copy, or nothing. Each is built when
+# its turn comes.
 first_red_test() {
     for test in $(tests_of "$1"); do
         if ! build_test "$test" || ! run_test "$test"; then
@@ -117,11 +117,7 @@ try_table() {
     # shellcheck disable=SC2046  # the list is split on purpose
     [ $# -gt 0 ] || set -- $(echo "$sources" | cut -d ' ' -f 1)
     for source in "$@"; do
-        red=$(first_red_test "$source")
-        if [ -n "$red" ]; then
-            echo "$red is red without a change" >&2
-            exit 2
-        fi
+        fail_if_red "$(first_red_test "$source")"
     done
     for source in "$@"; do
         try_source "$source"
@@ -133,12 +129,9 @@ red_test_of_log() {
         END { if (!found) print "a test" }' "$work/test_log"
 }
 
-# Of all tests, after those that know the source best.
-first_red_test_of_all() {
-    red=$(first_red_test "$1")
-    if [ -n "$red" ]; then
-        echo "$red"
-    elif ! cmake --build "$build" >"$work/build_log" 2>&1; then
+# Of all tests.
+red_test() {
+    if ! cmake --build "$build" >"$work/build_log" 2>&1; then
         echo "the build"
     else
         (
@@ -148,7 +141,14 @@ first_red_test_of_all() {
     fi
 }
 
-# The names of the tags are left out: they are the metadata tool's.
+fail_if_red() { # RED_TEST
+    if [ -n "$1" ]; then
+        echo "$1 is red without a change" >&2
+        exit 2
+    fi
+}
+
+# The names of the tags are left out: a test knows their checksum.
 program_sources() {
     git ls-files 'src/*.cpp' 'src/*.h' 'orv_toolkit/*.cpp' 'orv_toolkit/*.h' 'qor/*.cpp' 'qor/*.h'
 }
@@ -156,19 +156,21 @@ program_sources() {
 try_lot() {
     # shellcheck disable=SC2046  # the list is split on purpose
     tests/mutations.pl draw "$seed" $(program_sources) >"$work/lot"
+    fail_if_red "$(red_test)"
     tried=0
-    while read -r number source && [ "$tried" -lt "$count" ]; do
+    while read -r number source <&3 && [ "$tried" -lt "$count" ]; do
         change=$(mutate "$number" "$source") || continue
-        note_result "$source" "$change" "$(first_red_test_of_all "$source")"
+        red=$(first_red_test "$source")
+        note_result "$source" "$change" "${red:-$(red_test)}"
         restore "$source"
         tried=$((tried + 1))
-    done <"$work/lot"
+    done 3<"$work/lot"
 }
 
 mkdir -p "$tree"
 : >"$results"
 copy_tree
-cmake -S "$tree" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Debug -Dwarnings_as_errors=OFF \
+cmake -S "$tree" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=None -Dwarnings_as_errors=OFF \
     >"$work/build_log"
 if [ "${1:-}" = random ]; then
     count=$2

@@ -2,6 +2,7 @@
 
 #include "orv/tag_catalogue.h"
 
+#include <QCryptographicHash>
 #include <QtTest>
 
 #include <algorithm>
@@ -36,6 +37,7 @@ private slots:
     void names_are_in_byte_order_without_duplicates();
     void names_run_from_the_first_to_the_last();
     void names_are_bare_and_ascii();
+    void no_letter_of_a_name_has_changed();
     void reported_only_tags_are_listed_data();
     void reported_only_tags_are_listed();
     void written_tags_are_not_listed_data();
@@ -75,6 +77,15 @@ void test_tag_catalogue::names_are_bare_and_ascii()
         QVERIFY2(!name.empty() && is_ascii(name), name.c_str());
         QVERIFY2(name.find(':') == std::string::npos, name.c_str());
     }
+}
+
+void test_tag_catalogue::no_letter_of_a_name_has_changed()
+{
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    for (const std::string &name : tag_catalogue)
+        hash.addData(QByteArray::fromStdString(name + "\n"));
+    QCOMPARE(hash.result().toHex(),
+             QByteArray("ea4d7174d2dcbaecab828d48e4e6e3209e1605e7f1ce13fe65c321d8da19a2cf"));
 }
 
 void test_tag_catalogue::reported_only_tags_are_listed_data()
