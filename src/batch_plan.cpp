@@ -53,7 +53,7 @@ QString composed_iptc_time(const photo_tags &photo)
     const QDate date(to_int(value_of(photo.record, "rec_year"), 0),
                      to_int(value_of(photo.record, "rec_month"), 0),
                      to_int(value_of(photo.record, "rec_day"), 0));
-    const std::string &zone = value_of(photo.record, "iptc_timezone");
+    const std::string zone = value_of(photo.record, "iptc_timezone");
     // The minutes of the zone are lost on purpose.
     const int offset_hours = to_int(zone, 0);
     const QTime time = time_without_zone(value_of(photo.raw_tags, iptc_time_tag.toStdString()));
