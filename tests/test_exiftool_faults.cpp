@@ -5,9 +5,13 @@
 #include "sample_photos.h"
 #include "scripted_tool.h"
 #include "test_main.h"
+#include "tool_version.h"
 
 #include <csignal>
+#include <fcntl.h>
 #include <memory>
+#include <sys/stat.h>
+#include <unistd.h>
 
 using namespace tool_lines;
 
@@ -31,6 +35,20 @@ QStringList missing_files()
     for (int i = 1; i <= 3000; ++i)
         paths << QString("/no/such/file/%1.jpg").arg(i, 5, 10, QChar('0'));
     return paths;
+}
+
+QString make_pipe(const QString &path)
+{
+    if (mkfifo(QFile::encodeName(path), S_IRUSR | S_IWUSR) != 0)
+        qFatal("no pipe at %s", qPrintable(path));
+    return path;
+}
+
+/// Opens the pipe to write and closes it again; false where nobody waits to read (fifo(7)).
+bool end_pipe(const QString &path)
+{
+    const int file = open(QFile::encodeName(path), O_WRONLY | O_NONBLOCK | O_CLOEXEC);
+    return file != -1 && close(file) == 0;
 }
 
 }  // namespace
@@ -60,6 +78,9 @@ private slots:
     void output_before_the_first_request_belongs_to_its_reply();
     void many_words_of_the_real_tool_dont_block_it();
     void many_words_of_the_real_tool_are_kept_from_a_quiet_program();
+    void pipe_is_missing_or_waited_for_data();
+    void pipe_is_missing_or_waited_for();
+    void pipe_for_the_temporary_file_is_reported_or_waited_for();
 
 private:
     void verify_waits_without_an_end(const QStringList &commands, const QByteArray &said);
@@ -285,6 +306,64 @@ void test_exiftool_faults::many_words_of_the_real_tool_dont_block_it()
 void test_exiftool_faults::many_words_of_the_real_tool_are_kept_from_a_quiet_program()
 {
     many_words_of_the_real_tool({"quiet", "on"}, QByteArray());
+}
+
+void test_exiftool_faults::pipe_is_missing_or_waited_for_data()
+{
+    QTest::addColumn<QString>("verb");
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QByteArray>("result_if_missing");
+    QTest::addColumn<QByteArray>("result_if_opened");
+    const QByteArray failed = "result: false\n";
+    QTest::newRow("read") << "read"
+                          << "pipe.jpg" << QByteArray("tags: 0\n")
+                          << QByteArray("tag: ExifTool:Error=File is empty\n");
+    QTest::newRow("write") << "write"
+                           << "pipe.jpg" << failed << failed;
+    QTest::newRow("write to its folder") << "write"
+                                         << "" << failed << failed;
+}
+
+/// To an older tool the pipe isn't there. A newer one waits until the other end is opened, and the
+/// request with it.
+void test_exiftool_faults::pipe_is_missing_or_waited_for()
+{
+    QFETCH(QString, verb);
+    QFETCH(QString, path);
+    QFETCH(QByteArray, result_if_missing);
+    QFETCH(QByteArray, result_if_opened);
+    folder->use_real_tool();
+    const QTemporaryDir photos;
+    const QString pipe = make_pipe(photos.filePath("pipe.jpg"));
+    QStringList commands = {verb, photos.filePath(path)};
+    if (verb == "write")
+        commands += {"1", "IFD0:Artist=me"};
+    hanging_session session(folder->program_path(), commands);
+    if (tool_opens_pipes()) {
+        QVERIFY(session.warns_without_an_end(2));
+        QVERIFY(end_pipe(pipe));
+    }
+    QVERIFY(session.ends());
+    QVERIFY2(session.said.contains(tool_opens_pipes() ? result_if_opened : result_if_missing),
+             session.said);
+}
+
+/// Here the older tool waits, and the newer one doesn't open the pipe.
+void test_exiftool_faults::pipe_for_the_temporary_file_is_reported_or_waited_for()
+{
+    folder->use_real_tool();
+    const QTemporaryDir photos;
+    const QString path = photos.filePath("a.jpg");
+    make_jpeg(path);
+    make_pipe(path + "_exiftool_tmp");
+    hanging_session session(folder->program_path(), {"write", path, "1", "IFD0:Artist=me"});
+    if (tool_opens_pipes()) {
+        QVERIFY(session.ends());
+        QVERIFY2(session.said.contains("result: false\n"), session.said);
+    } else {
+        QVERIFY(session.warns_without_an_end(2));
+    }
+    QCOMPARE(tag_of(path, "IFD0:Artist"), QString());
 }
 
 KELVRA_TEST_MAIN(test_exiftool_faults)

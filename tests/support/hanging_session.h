@@ -2,12 +2,16 @@
 
 #pragma once
 
+#include "processes.h"
 #include "tool_lines.h"
 
 #include <QProcess>
 #include <QStringList>
 
-/// A session of tool_session that waits for a reply without an end; killed with this.
+#include <csignal>
+
+/// A session of tool_session that waits for a reply without an end; killed with this, and its tool
+/// with it.
 class hanging_session
 {
 public:
@@ -17,6 +21,9 @@ public:
     }
     ~hanging_session()
     {
+        // A tool that waits for a file doesn't notice the end of the session.
+        for (const qint64 tool : children_of(process.processId()))
+            kill(static_cast<pid_t>(tool), SIGKILL);
         process.kill();
         process.waitForFinished();
     }
@@ -39,6 +46,16 @@ public:
         said = output.left(first);
         errors = process.readAllStandardError();
         return output.mid(said.size()).startsWith(warnings) && process.state() == QProcess::Running;
+    }
+
+    /// Whether the session ends of itself after all; `said` is then its whole output but for the
+    /// warnings.
+    bool ends()
+    {
+        const bool ended = process.waitForFinished(30000);
+        said += process.readAllStandardOutput().replace(tool_lines::no_data, "");
+        errors += process.readAllStandardError();
+        return ended && process.exitStatus() == QProcess::NormalExit;
     }
 
     QByteArray said;
