@@ -336,7 +336,8 @@ void test_killed_program::signal_in_a_batch_harms_no_photo()
     QTRY_VERIFY_WITH_TIMEOUT(has_ended(tool), limit_ms);
 
     const int fixed = fixed_photos();
-    QVERIFY(in_fix ? fixed >= 40 && fixed < photo_count : fixed == 0);
+    QVERIFY2(in_fix ? fixed >= 40 && fixed < photo_count : fixed == 0,
+             qPrintable(QString::number(fixed)));
 }
 
 KELVRA_TEST_MAIN(test_killed_program)
