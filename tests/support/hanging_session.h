@@ -8,8 +8,6 @@
 #include <QProcess>
 #include <QStringList>
 
-#include <csignal>
-
 /// A session of tool_session that waits for a reply without an end; killed with this, and its tool
 /// with it.
 class hanging_session
@@ -19,14 +17,7 @@ public:
     {
         process.start(program, commands);
     }
-    ~hanging_session()
-    {
-        // A tool that waits for a file doesn't notice the end of the session.
-        for (const qint64 tool : children_of(process.processId()))
-            kill(static_cast<pid_t>(tool), SIGKILL);
-        process.kill();
-        process.waitForFinished();
-    }
+    ~hanging_session() { kill_with_children(process); }
 
     hanging_session(const hanging_session &) = delete;
     hanging_session &operator=(const hanging_session &) = delete;

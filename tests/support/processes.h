@@ -5,6 +5,9 @@
 #include <QDir>
 #include <QFile>
 #include <QList>
+#include <QProcess>
+
+#include <csignal>
 
 /// What the kernel says of processes, whoever started them (proc(5)).
 
@@ -40,4 +43,16 @@ inline QList<qint64> children_of(qint64 id)
             children << process;
     }
     return children;
+}
+
+/// Ends the process and what it has started: a tool whose program is gone runs on.
+inline void kill_with_children(QProcess &process)
+{
+    if (process.state() == QProcess::NotRunning)
+        return;
+    const QList<qint64> children = children_of(process.processId());
+    process.kill();
+    process.waitForFinished();
+    for (const qint64 child : children)
+        kill(static_cast<pid_t>(child), SIGKILL);
 }

@@ -31,8 +31,7 @@ running_program::running_program(const QString &program, const QString &steps,
 
 running_program::~running_program()
 {
-    process.kill();
-    process.waitForFinished();
+    kill_with_children(process);
 }
 
 bool running_program::wait_until_shown()
