@@ -58,6 +58,7 @@ class test_exiftool_lifetime : public QObject
 private slots:
     void init();
     void idle_tool_is_asked_to_quit();
+    void pointer_held_elsewhere_ends_the_tool_likewise_data();
     void pointer_held_elsewhere_ends_the_tool_likewise();
     void slow_end_is_waited_for();
     void words_at_the_end_are_relayed_data();
@@ -110,11 +111,19 @@ void test_exiftool_lifetime::idle_tool_is_asked_to_quit()
     QVERIFY(tool->has_touched("quit"));
 }
 
+void test_exiftool_lifetime::pointer_held_elsewhere_ends_the_tool_likewise_data()
+{
+    QTest::addColumn<QStringList>("commands");
+    QTest::newRow("given back later") << QStringList{"hold", "read", photo};
+    QTest::newRow("never given back") << QStringList{"read", photo, "exit"};
+}
+
 void test_exiftool_lifetime::pointer_held_elsewhere_ends_the_tool_likewise()
 {
+    QFETCH(QStringList, commands);
     folder->use_stand_in();
     tool->script("quit", {"hang"});
-    const outside_result result = run({"hold", "read", photo});
+    const outside_result result = run(commands);
     QCOMPARE(result.status, 0);
     QCOMPARE(result.output, one_tag + killed);
     QCOMPARE(tool->input().count(quit_request), 1);

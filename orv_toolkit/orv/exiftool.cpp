@@ -80,27 +80,29 @@ void print_tags(const QString &file, const tag_map &tags)
 class exiftool::request
 {
 public:
-    explicit request(exiftool &tool) : lock(tool.mutex), runs(tool.request_runs) { runs = true; }
-    ~request() { runs = false; }
+    explicit request(exiftool &tool) : lock(tool.mutex), tool(tool) { tool.request_runs = true; }
+    ~request() { tool.request_runs = false; }
 
     request(const request &) = delete;
     request &operator=(const request &) = delete;
 
 private:
     const std::lock_guard<std::mutex> lock;
-    bool &runs;
+    exiftool &tool;
 };
 
 std::shared_ptr<exiftool> exiftool::instance()
 {
     static const std::shared_ptr<exiftool> tool = std::make_shared<exiftool>(construction_key());
-    static const interrupted_request_guard guard{tool};
+    static const end_of_process_guard guard{tool};
     return tool;
 }
 
-exiftool::interrupted_request_guard::~interrupted_request_guard()
+exiftool::end_of_process_guard::~end_of_process_guard()
 {
-    if (tool->request_runs && tool->proc->state() != QProcess::NotRunning)
+    if (!tool->request_runs)
+        tool->shut_down();
+    else if (tool->proc->state() != QProcess::NotRunning)
         tool->quits_in_time();
 }
 
@@ -138,6 +140,13 @@ exiftool::exiftool(construction_key) : ready_marker(ready_text)
 
 exiftool::~exiftool()
 {
+    if (!is_shut_down)
+        shut_down();
+}
+
+void exiftool::shut_down()
+{
+    is_shut_down = true;
     if (proc->state() == QProcess::NotRunning) {
         print_line("Exiftool is not running... It exited with code " + std::to_string(exit_code) +
                    " and status is " + std::to_string(exit_status));

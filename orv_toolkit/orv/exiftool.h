@@ -7,6 +7,7 @@
 #include <QObject>
 #include <QString>
 
+#include <atomic>
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -52,7 +53,8 @@ public:
     /// from then on reads give no tags and writes seem to succeed.
     explicit exiftool(construction_key);
 
-    /// Asks the tool to quit and waits up to five seconds for it; then it is killed.
+    /// Asks the tool to quit and waits up to five seconds for it; then it is killed. Does nothing
+    /// if that was done already, at the end of the process.
     ~exiftool() override;
 
     /// All tags of a file, or what the tool's reply held of them: an unreadable file gives few or
@@ -87,14 +89,16 @@ private:
     /// What a request holds from its first step to its last.
     class request;
 
-    /// Asks the tool to quit when a signal ends the program inside of a request: the caller never
-    /// gives its pointer back then, so the destructor doesn't run. The tool isn't killed, however
-    /// long it takes; a photo that it is writing would be cut short.
-    struct interrupted_request_guard {
+    /// Ends the tool at the end of the process also where the destructor doesn't run: a function
+    /// that a signal interrupts never gives its pointer back. Inside of a request the tool is asked
+    /// to quit, but not killed, however long it takes; a photo that it is writing would be cut
+    /// short.
+    struct end_of_process_guard {
         const std::shared_ptr<exiftool> &tool;
-        ~interrupted_request_guard();
+        ~end_of_process_guard();
     };
 
+    void shut_down();
     bool quits_in_time();
     void write_to_proc(const QString &text);
     QString read_until_ready();
@@ -107,8 +111,9 @@ private:
     int exit_status = 0;       ///< likewise
     const QString ready_marker;
     bool quiet = false;
-    bool request_runs = false;  ///< from its first byte to the end of its reply
-    std::mutex mutex;           ///< held for each whole request with its reply
+    bool is_shut_down = false;
+    std::atomic<bool> request_runs = false;  ///< a signal's handler asks for it
+    std::mutex mutex;                        ///< held for each whole request with its reply
 };
 
 }  // namespace orv

@@ -13,6 +13,7 @@
 //   close | close-write                             of the process object
 //   kill-tool | await-tool                          returns when the tool has ended
 //   pause MS                                        runs the event loop meanwhile
+//   exit                                            ends the process from within a function
 
 #include "exif_cache.h"
 #include "orv/exiftool.h"
@@ -23,6 +24,7 @@
 #include <QProcess>
 #include <QTimer>
 
+#include <cstdlib>
 #include <iostream>
 #include <memory>
 
@@ -92,6 +94,8 @@ void run(QStringList &words)
         process->waitForFinished();
     else if (verb == "pause")
         pause_for(words.takeFirst().toInt());
+    else if (verb == "exit")
+        std::exit(0);
     else
         qFatal("unknown command %s", qPrintable(verb));
 }
