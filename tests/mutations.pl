@@ -19,7 +19,6 @@ my %operators = (
 );
 my $statement = qr/^\ {4,}(?!return\b|break\b|using\b|const\b|static\b|auto\b|else\b|if\b|for\b)
                    [\w*(].*(?:\(|\ =\ |\ <<\ |\+\+|--).*;$/x;
-my $declaration = qr/^\s+[\w:<>*&,\ ]+\ [*&]?\w+\(.*\)(?:\ const)?(?:\ override)?;$/x;
 my $operator = join '|', map { quotemeta } sort { length $b <=> length $a } keys %operators;
 
 # The changes of a line: [offset, length, replacement] each.
@@ -63,10 +62,11 @@ sub lines_of {
     return <$file>;
 }
 
-# Leaves out a statement that begins and ends on this line: a call or an assignment.
+# Leaves out a statement that begins and ends on this line: a call, an assignment or the declaration
+# of an object that nothing but its constructor and destructor is needed of.
 sub dropped_statement {
     my ($before, $line) = @_;
-    return if $line !~ $statement || $line =~ $declaration || $before !~ /(?:[;{}:)]|else)$/;
+    return if $line !~ $statement || $before !~ /(?:[;{}:)]|else)$/;
     my ($indent) = $line =~ /^(\s*)/;
     return [length $indent, length($line) - length($indent) - 1, ';'];
 }
@@ -75,9 +75,12 @@ sub dropped_statement {
 sub changes_of {
     my @lines = @_;
     my @changes;
+    my $code_before = '';
     for my $index (0 .. $#lines) {
         push @changes, map { [$index, @$_] } changes_of_line($lines[$index]),
-            dropped_statement($index ? $lines[$index - 1] : '', $lines[$index]);
+            dropped_statement($code_before, $lines[$index]);
+        my $code = $lines[$index] =~ s{\s*(?://.*)?$}{}r;
+        $code_before = $code if $code ne '';
     }
     return @changes;
 }
