@@ -87,7 +87,6 @@ void datetime_format_form::build(datetime_format *panel)
         add_button(time_choice, buttongroup_time, tr("Change the time display format"));
     rb_ddmmyyyy_dot->setChecked(true);
     rb_hhmmss->setChecked(true);
-    set_tab_order();
     QMetaObject::connectSlotsByName(panel);
 }
 
@@ -158,16 +157,4 @@ void datetime_format_form::add_button(const choice &choice, QButtonGroup *group,
     gridLayout_2->addWidget(button, choice.row, choice.column);
     group->addButton(button);
     this->*choice.button = button;
-}
-
-void datetime_format_form::set_tab_order()
-{
-    QWidget::setTabOrder(rb_ddmmyyyy_slash, rb_ddmmyyyy_dot);
-    QWidget::setTabOrder(rb_ddmmyyyy_dot, rb_ddmmyyyy_dash);
-    QWidget::setTabOrder(rb_ddmmyyyy_dash, rb_yyyymmdd_slash);
-    QWidget::setTabOrder(rb_yyyymmdd_slash, rb_yyyymmdd_dot);
-    QWidget::setTabOrder(rb_yyyymmdd_dot, rb_yyyymmdd_dash);
-    QWidget::setTabOrder(rb_yyyymmdd_dash, rb_mmddyyyy_slash);
-    QWidget::setTabOrder(rb_mmddyyyy_slash, rb_hhmmss);
-    QWidget::setTabOrder(rb_hhmmss, rb_hhmm);
 }

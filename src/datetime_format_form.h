@@ -33,6 +33,7 @@ public:
         int column;
         orv::radio *datetime_format_form::*button;
     };
+    /// In the order of the Tab key, and the times behind them.
     static const std::array<choice, 7> date_choices;
     static const std::array<choice, 2> time_choices;
 
@@ -67,5 +68,4 @@ private:
     void build_frames(datetime_format *panel);
     void build_labels();
     void add_button(const choice &choice, QButtonGroup *group, const QString &tooltip);
-    void set_tab_order();
 };

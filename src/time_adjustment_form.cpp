@@ -46,6 +46,7 @@ QGridLayout *add_grid(QWidget *widget, const char *name, int margin_px)
 void time_adjustment_form::build(time_adjustment *panel)
 {
     build_frames(panel);
+    // Made in the order of the Tab key.
     add_column(0, label, "label", tr("Year"), lineedit_year, "lineedit_year");
     add_column(1, label_2, "label_2", tr("Month"), lineedit_month, "lineedit_month");
     add_column(2, label_3, "label_3", tr("Day"), lineedit_day, "lineedit_day");
@@ -57,7 +58,6 @@ void time_adjustment_form::build(time_adjustment *panel)
     lineedit_timezone->setPlaceholderText(QString());
     gridLayout_3->addItem(new QSpacerItem(40, 20, QSizePolicy::Expanding, QSizePolicy::Minimum),
                           label_row, spacer_column);
-    set_tab_order();
     QMetaObject::connectSlotsByName(panel);
 }
 
@@ -108,14 +108,4 @@ void time_adjustment_form::add_column(int column, QLabel *&column_label, const c
     field->setPlaceholderText("0");
     gridLayout_3->addWidget(field, field_row, column);
     column_label->setBuddy(field);
-}
-
-/// The zone's field follows by its place in the focus chain.
-void time_adjustment_form::set_tab_order()
-{
-    QWidget::setTabOrder(lineedit_year, lineedit_month);
-    QWidget::setTabOrder(lineedit_month, lineedit_day);
-    QWidget::setTabOrder(lineedit_day, lineedit_hour);
-    QWidget::setTabOrder(lineedit_hour, lineedit_minute);
-    QWidget::setTabOrder(lineedit_minute, lineedit_second);
 }

@@ -53,5 +53,4 @@ private:
     void build_frames(time_adjustment *panel);
     void add_column(int column, QLabel *&column_label, const char *label_name, const QString &text,
                     orv::lineedit *&field, const char *field_name);
-    void set_tab_order();
 };
