@@ -3,16 +3,26 @@
 #
 # Checks the Debian package of the last commit: built in two folders it has the same bytes, lintian
 # finds nothing, it needs what it should and is hardened as Debian's packages are, and in a fresh
-# Debian 12 it is installed with all that it needs, a photo is loaded, fixed and undone in the
+# Debian it is installed with all that it needs, a photo is loaded, fixed and undone in the
 # installed program, and its removal leaves nothing. Installs missing Debian packages first, and
 # says which.
 #
-# usage: packaging/check_package.sh
+# usage: packaging/check_package.sh [RELEASE]
+#   RELEASE  of the fresh Debian: bookworm (Debian 12, which it is without one) or trixie (Debian 13)
 #
 # Is run by root. The package and the source archive are left in build/package/.
 set -eu
 cd "$(dirname "$0")/.."
 . packaging/fresh_root.sh
+
+release=${1:-bookworm}
+case $release in
+bookworm | trixie) ;;
+*)
+    sed -n '4,/^set/s/^# \{0,1\}//p' "$0" >&2
+    exit 2
+    ;;
+esac
 
 need_root_user
 packaging/install_packages.sh build package roots check_package
@@ -103,7 +113,7 @@ remove_package() {
 
 # What the package needs comes with it, and stays for the comparison behind its removal.
 install_in_fresh_root() {
-    make_fresh_root "$root" xauth,xvfb,openbox,xdotool
+    make_fresh_root "$root" xauth,xvfb,openbox,xdotool "$release"
     run_in_root "$root" useradd --create-home anna
     cp "build/package/$package" "$root/srv"
     run_in_root "$root" apt-get update
