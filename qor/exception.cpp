@@ -15,7 +15,7 @@ namespace qor
 namespace
 {
 
-void print_report(const std::string &message)
+void print_and_keep_report(const std::string &message)
 {
     const std::string report = message + "\n" + stacktrace::trace_text() + "\n";
     std::cerr << report << std::endl;
@@ -26,7 +26,7 @@ void print_report(const std::string &message)
 
 exception::exception(std::string reason) : message(std::move(reason))
 {
-    print_report(message);
+    print_and_keep_report(message);
     fatal_exit();
 }
 

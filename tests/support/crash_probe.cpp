@@ -2,9 +2,9 @@
 //
 // Dies in the way that its argument names, so that a test can read the report from outside.
 //
-// usage: crash_probe signal NUMBER [FRAMES] | exception [FRAMES] | message | assertion [FRAMES] |
-// uncaught |
-//                    jump | atexit | icon | layout MISUSE | fold MISUSE
+// usage: crash_probe signal NUMBER [FRAMES] | exception [FRAMES] | message |
+//                    assertion [FRAMES] | uncaught | jump | atexit | icon | layout MISUSE |
+//                    fold MISUSE
 
 #include "orv/button_dark.h"
 #include "qor/assertion.h"

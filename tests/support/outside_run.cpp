@@ -2,6 +2,8 @@
 
 #include "outside_run.h"
 
+#include "processes.h"
+
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
@@ -40,8 +42,7 @@ outside_result outside_run::run(const QStringList &arguments, int limit_ms) cons
     outside_result result;
     result.timed_out = !process.waitForFinished(limit_ms);
     if (result.timed_out) {
-        process.kill();
-        process.waitForFinished();
+        kill_with_children(process);
     } else if (process.exitStatus() == QProcess::NormalExit) {
         result.status = process.exitCode();
     }

@@ -34,9 +34,12 @@ inline bool has_ended(qint64 id)
     return state.isEmpty() || state == "Z" || state == "X";
 }
 
+/// None of what isn't a process: to QProcess one that isn't running is 0.
 inline QList<qint64> children_of(qint64 id)
 {
     QList<qint64> children;
+    if (id <= 0)
+        return children;
     for (const QString &name : QDir("/proc").entryList(QDir::Dirs)) {
         const qint64 process = name.toLongLong();
         if (process > 0 && process_fields(process).value(1).toLongLong() == id)

@@ -63,7 +63,8 @@ bool running_program::wait_until_ended()
 
 void running_program::receive(int signal_number) const
 {
-    kill(static_cast<pid_t>(process_id()), signal_number);
+    if (process.state() == QProcess::Running)
+        kill(static_cast<pid_t>(process_id()), signal_number);
 }
 
 int running_program::status() const
