@@ -66,7 +66,7 @@ sub lines_of {
 # of an object that nothing but its constructor and destructor is needed of.
 sub dropped_statement {
     my ($before, $line) = @_;
-    return if $line !~ $statement || $before !~ /(?:[;{}:)]|else)$/;
+    return if $line !~ $statement || $line =~ / = delete;/ || $before !~ /(?:[;{}:)]|else)$/;
     my ($indent) = $line =~ /^(\s*)/;
     return [length $indent, length($line) - length($indent) - 1, ';'];
 }
