@@ -33,7 +33,7 @@ public:
         int column;
         orv::radio *datetime_format_form::*button;
     };
-    /// In the order of the Tab key, and the times behind them.
+    /// The Tab key goes through the dates in this order, and then through the times.
     static const std::array<choice, 7> date_choices;
     static const std::array<choice, 2> time_choices;
 

@@ -46,7 +46,7 @@ QGridLayout *add_grid(QWidget *widget, const char *name, int margin_px)
 void time_adjustment_form::build(time_adjustment *panel)
 {
     build_frames(panel);
-    // Made in the order of the Tab key.
+    // The Tab key goes through the fields in the order in which they are made.
     add_column(0, label, "label", tr("Year"), lineedit_year, "lineedit_year");
     add_column(1, label_2, "label_2", tr("Month"), lineedit_month, "lineedit_month");
     add_column(2, label_3, "label_3", tr("Day"), lineedit_day, "lineedit_day");

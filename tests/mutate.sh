@@ -103,7 +103,7 @@ mutate() {
     }
 }
 
-# What a test was ended with may have left processes behind.
+# A test that was ended may have left processes, or none, which pkill takes for a failure.
 restore() {
     pkill --full "$PWD/$build/tests/" || true
     cp "$original" "$tree/$1"

@@ -99,7 +99,7 @@ const cell &content_cell(const widget_fold *section)
     return section->main_layout->cells.at({0, 1});
 }
 
-/// The interval of the timer behind the late step.
+/// The interval, in milliseconds, of the timer that takes the late step; -1 without one.
 int late_step_interval()
 {
     auto *dispatcher = QAbstractEventDispatcher::instance();

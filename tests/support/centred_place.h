@@ -4,7 +4,7 @@
 
 #include <QRect>
 
-/// Where a dialog of this size stands in the middle of a window, up to odd pixels.
+/// The place of a dialog of this size in the middle of a window; an odd pixel counts to one side.
 inline QRect centred_place(const QRect &window, QSize dialog)
 {
     const auto start = [](int window_first, int window_last, int length) {
