@@ -86,6 +86,7 @@ private slots:
     void box_without_an_escape_button_stays_open();
     void result_minus_one_counts_as_cancel_data();
     void result_minus_one_counts_as_cancel();
+    void text_can_be_marked_once_the_style_says_so();
 };
 
 void test_message_box::each_call_shows_its_icon_and_texts_data()
@@ -361,6 +362,22 @@ void test_message_box::result_minus_one_counts_as_cancel()
     QFETCH(box_call, open);
     when_modal<message_box> answer([](message_box &box) { box.done(-1); });
     QCOMPARE(open(nullptr), static_cast<int>(QMessageBox::Cancel));
+    QVERIFY(answer.answered());
+}
+
+/// A box takes another style while it is open, as any box of Qt does.
+void test_message_box::text_can_be_marked_once_the_style_says_so()
+{
+    when_modal<message_box> answer([](message_box &box) {
+        const auto *label = box.findChild<QLabel *>("qt_msgbox_label");
+        const Qt::TextInteractionFlags by_mouse = Qt::TextSelectableByMouse;
+        QVERIFY(label->textInteractionFlags() != by_mouse);
+        const QString flags = QString::number(by_mouse);
+        box.setStyleSheet("QMessageBox{messagebox-text-interaction-flags:" + flags + "}");
+        QCOMPARE(label->textInteractionFlags(), by_mouse);
+        box.close();
+    });
+    ask_with(QMessageBox::Ok, no_default)(nullptr);
     QVERIFY(answer.answered());
 }
 
