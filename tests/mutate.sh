@@ -145,10 +145,22 @@ red_test_of_log() {
         END { if (!found) print "a test" }' "$work/test_log"
 }
 
-run_all_tests() (
+run_tests() (
     ulimit -v "$memory_limit_kb"
-    ctest --test-dir "$build" --parallel 2 --stop-on-failure >"$work/test_log" 2>&1
+    ctest --test-dir "$build" --parallel 2 --stop-on-failure "$@" >"$work/test_log" 2>&1
 )
+
+# Most mutants are caught by a quick test, so the slow ones come last. How long each took stands in a
+# file that ctest keeps.
+run_all_tests() {
+    costs=$build/Testing/Temporary/CTestCostData.txt
+    slow=$([ ! -f "$costs" ] || awk '$3 > 2 { print $1 }' "$costs" | paste -sd '|')
+    if [ -n "$slow" ]; then
+        run_tests --exclude-regex "^($slow)\$" && run_tests --tests-regex "^($slow)\$"
+    else
+        run_tests
+    fi
+}
 
 # Of all tests.
 red_test() {
