@@ -39,7 +39,7 @@ if [ $# -gt 2 ] || ! is_count "$photos" || ! is_count "$runs"; then
 fi
 
 if [ -z "${bench_display:-}" ]; then
-    packaging/install_packages.sh build bench
+    tools/install_packages.sh build bench
     cmake --preset bench
     cmake --build --preset bench
     exec env bench_display=yes xvfb-run --auto-servernum \

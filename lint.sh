@@ -8,9 +8,9 @@
 #        ./lint.sh STEP     one of them
 #          blanks     no blanks at the ends of lines, no tabs at their starts
 #          format     C++ stands as .clang-format says
-#          includes   go one way (tests/check_includes.pl)
+#          includes   go one way (tools/check_includes.pl)
 #          scripts    shellcheck is content, and Perl can read its scripts
-#          documents  say what is there (docs/check_documents.pl)
+#          documents  say what is there (tools/check_documents.pl)
 #          desktop    desktop entry and metainfo are valid
 #          pictures   the PNG files are what resources/artwork/render.sh makes of their sources
 #          clazy      knows nothing against our use of Qt
@@ -71,7 +71,7 @@ check_format() {
 }
 
 check_includes() {
-    tests/check_includes.pl
+    tools/check_includes.pl
 }
 
 check_scripts() {
@@ -80,7 +80,7 @@ check_scripts() {
 }
 
 check_documents() {
-    perl docs/check_documents.pl
+    perl tools/check_documents.pl
 }
 
 check_desktop() {
@@ -129,7 +129,7 @@ case " $steps " in
 *" $1 "*) [ $# -eq 1 ] || usage ;;
 *) usage ;;
 esac
-packaging/install_packages.sh build lint artwork
+tools/install_packages.sh build lint artwork
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 trap 'exit 1' HUP INT TERM

@@ -22,13 +22,13 @@ soak) preset=release ;;
     ;;
 esac
 
-packaging/install_packages.sh build test
-[ "$tests" != clang ] || packaging/install_packages.sh clang
+tools/install_packages.sh build test
+[ "$tests" != clang ] || tools/install_packages.sh clang
 cmake --preset "$preset"
 cmake --build --preset "$preset"
 [ "$tests" = coverage ] || exec ctest --preset "$tests"
 
-packaging/install_packages.sh coverage
+tools/install_packages.sh coverage
 find build/coverage -name '*.gcda' -delete
 ctest --preset coverage
 mkdir -p build/coverage/report

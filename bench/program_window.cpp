@@ -3,8 +3,8 @@
 #include "program_window.h"
 
 #include "orv/lineedit.h"
-#include "program_setup.h"
 #include "readings.h"
+#include "startup/program_setup.h"
 
 #include <QEventLoop>
 #include <QTimer>

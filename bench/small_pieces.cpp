@@ -2,13 +2,13 @@
 //
 // The small pieces behind a load, a preview, a sort and a fix, each by itself.
 
-#include "batch_plan.h"
+#include "core/batch_plan.h"
+#include "core/to_int.h"
 #include "exif_cache.h"
 #include "orv/tag_reply.h"
-#include "program_setup.h"
 #include "qor/string.h"
+#include "startup/program_setup.h"
 #include "table_data_model.h"
-#include "to_int.h"
 
 #include <QApplication>
 

@@ -47,7 +47,7 @@ if(top_folder STREQUAL source_folder)
     ask_git(commit_count rev-list --count HEAD)
     ask_git(described describe --long --tags --abbrev=7 --match "v[0-9]*")
     ask_last_commit(orv_infrastructure
-        cmake packaging resources CMakeLists.txt CMakePresets.json ":(glob)*.sh")
+        cmake packaging resources tools CMakeLists.txt CMakePresets.json ":(glob)*.sh")
     ask_last_commit(orv_toolkit orv_toolkit)
     ask_last_commit(qor qor)
 endif()

@@ -26,7 +26,7 @@ bookworm:root | bookworm:user | bookworm:both | trixie:root | trixie:user | trix
 esac
 
 need_root_user
-packaging/install_packages.sh roots
+tools/install_packages.sh roots
 
 scratch=$(realpath "$(mktemp --directory)")
 clean_up() {

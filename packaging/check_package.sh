@@ -25,7 +25,7 @@ bookworm | trixie) ;;
 esac
 
 need_root_user
-packaging/install_packages.sh build package roots check_package
+tools/install_packages.sh build package roots check_package
 
 scratch=$(realpath "$(mktemp --directory)")
 root=$scratch/root
@@ -124,9 +124,9 @@ install_in_fresh_root() {
 }
 
 use_in_root() {
-    mkdir -p "$root/srv/packaging" "$root/srv/tests/support"
+    mkdir -p "$root/srv/packaging" "$root/srv/tools"
     cp packaging/use_installed.sh "$root/srv/packaging"
-    cp tests/support/drive_window.sh "$root/srv/tests/support"
+    cp tools/drive_window.sh "$root/srv/tools"
     run_in_root_as "$root" anna xvfb-run --auto-servernum --server-args="-screen 0 1280x1024x24" \
         /srv/packaging/use_installed.sh
 }

@@ -10,8 +10,8 @@
 # Runs in a home of its own with a UTF-8 locale, and needs `kelvra`, an X display, openbox and
 # xdotool.
 set -eu
-# shellcheck source=tests/support/drive_window.sh
-. "$(dirname "$0")/../tests/support/drive_window.sh"
+# shellcheck source=tools/drive_window.sh
+. "$(dirname "$0")/../tools/drive_window.sh"
 
 scale=1
 photos=$HOME/Pictures

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "batch_progress.h"
-#include "undo_entry.h"
+#include "core/undo_entry.h"
 
 #include <QList>
 #include <QMainWindow>
@@ -92,9 +92,6 @@ private:
 
     void build_header();
     void make_buttons();
-    void lay_out_strip();
-    void lay_out_header();
-    void lay_out_controls();
     void setup_table();
     void connect_drop();
     void make_fix_progress();
@@ -107,13 +104,13 @@ private:
     void write_last_load_path();
 
     photo_row read_row(int row) const;
-    bool warnings_accepted();
-    bool accepted(const QString &warning);
+    bool ask_about_warnings();
+    bool ask_to_continue(const QString &warning);
     QStringList fix_all_rows();
     bool fix_photo(const photo_row &photo);
-    bool keeps_changes(const QStringList &failed_files);
+    bool ask_to_keep_changes(const QStringList &failed_files);
 
-    bool wants_to_continue();
+    bool ask_to_continue_working();
 
     batch_progress progress;  ///< of load, fix and undo
 };

@@ -2,7 +2,7 @@
 
 #include "MainWindow.h"
 
-#include "batch_plan.h"
+#include "core/batch_plan.h"
 #include "exif_cache.h"
 #include "orv/button_dark.h"
 #include "orv/exiftool.h"
@@ -33,14 +33,14 @@ photo_tags cached_tags(const QString &path)
 
 void MainWindow::on_button_fix_time_clicked()
 {
-    if (!model->alter_timezone && !warnings_accepted())
+    if (!model->alter_timezone && !ask_about_warnings())
         return;
     undo_map.clear();
     button_undo->setEnabled(false);
     progress.start(progress_fix, model->rowCount());
     const QStringList failed_files = fix_all_rows();
     progress.end();
-    if (!failed_files.isEmpty() && !keeps_changes(failed_files))
+    if (!failed_files.isEmpty() && !ask_to_keep_changes(failed_files))
         on_button_undo_clicked();
     button_undo->setEnabled(!undo_map.isEmpty());
     on_button_reset_clicked();
@@ -78,7 +78,7 @@ MainWindow::photo_row MainWindow::read_row(int row) const
 }
 
 /// Counts the photos that a fix without a zone harms and asks about them; true to go on.
-bool MainWindow::warnings_accepted()
+bool MainWindow::ask_about_warnings()
 {
     int early_count = 0;
     int without_zone_count = 0;
@@ -106,11 +106,11 @@ bool MainWindow::warnings_accepted()
            "The EXIF timestamps can handle this situation and dates prior to the 1st of January "
            "1972 00:00:00 will be saved correctly.")
             .arg(early_count);
-    return (without_zone_count == 0 || accepted(zone_warning)) &&
-           (early_count == 0 || accepted(early_warning));
+    return (without_zone_count == 0 || ask_to_continue(zone_warning)) &&
+           (early_count == 0 || ask_to_continue(early_warning));
 }
 
-bool MainWindow::accepted(const QString &warning)
+bool MainWindow::ask_to_continue(const QString &warning)
 {
     return orv::message_box::question(centralWidget(), tr("Continue?"), warning, tr("Continue"),
                                       tr("Abort"), 0) != QMessageBox::No;
@@ -145,7 +145,7 @@ bool MainWindow::fix_photo(const photo_row &photo)
     return true;
 }
 
-bool MainWindow::keeps_changes(const QStringList &failed_files)
+bool MainWindow::ask_to_keep_changes(const QStringList &failed_files)
 {
     const QString text = tr("The following %1 files could not be fixed:\n%2\n\n Do you want to "
                             "keep the changes in the other files")

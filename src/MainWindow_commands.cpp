@@ -3,10 +3,10 @@
 #include "MainWindow.h"
 
 #include "dialog_settings.h"
-#include "language_setting.h"
 #include "orv/build_report.h"
 #include "orv/dialog_about.h"
 #include "orv/message_box.h"
+#include "startup/language_setting.h"
 
 #include <QCoreApplication>
 #include <QDesktopServices>
@@ -62,7 +62,7 @@ void MainWindow::on_button_settings_clicked()
 {
     const QString before = language_setting(language_key);
     dialog_settings(this).exec();
-    if (language_setting(language_key) != before && !wants_to_continue())
+    if (language_setting(language_key) != before && !ask_to_continue_working())
         QCoreApplication::quit();
 }
 
@@ -92,7 +92,7 @@ void MainWindow::make_report_shortcut()
         Qt::DirectConnection);
 }
 
-bool MainWindow::wants_to_continue()
+bool MainWindow::ask_to_continue_working()
 {
     const auto answer = orv::message_box::question(
         this, tr("Application language changed"),

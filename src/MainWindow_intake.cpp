@@ -2,11 +2,14 @@
 
 #include "MainWindow.h"
 
+#include "core/folder_files.h"
 #include "drop_files_widget.h"
-#include "folder_files.h"
+#include "exif_cache.h"
 #include "main_window_form.h"
 #include "orv/tag_catalogue.h"
+#include "qor/free_memory.h"
 #include "table_data_model.h"
+#include "time_adjustment.h"
 
 #include <QCoreApplication>
 #include <QFileDialog>
@@ -91,6 +94,15 @@ void MainWindow::on_button_load_images_clicked()
     last_load_path = QFileInfo(files.first()).absolutePath();
     write_last_load_path();
     load_files(files);
+}
+
+void MainWindow::on_button_reset_clicked()
+{
+    model->clear();
+    ui->widget_time_adjust->reset();
+    exif_cache::instance()->records.clear();
+    exif_cache::instance()->raw_tags.clear();
+    qor::return_free_memory();
 }
 
 void MainWindow::read_last_load_path()

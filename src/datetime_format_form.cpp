@@ -2,7 +2,6 @@
 
 #include "datetime_format_form.h"
 
-#include "datetime_format.h"
 #include "orv/radio.h"
 
 #include <QButtonGroup>
@@ -75,7 +74,7 @@ const std::array<datetime_format_form::choice, 2> datetime_format_form::time_cho
 }};
 // clang-format on
 
-void datetime_format_form::build(datetime_format *panel)
+void datetime_format_form::build(QWidget *panel)
 {
     build_frames(panel);
     build_labels();
@@ -103,7 +102,7 @@ QString datetime_format_form::format_of(const orv::radio *button) const
     return {};
 }
 
-void datetime_format_form::build_frames(datetime_format *panel)
+void datetime_format_form::build_frames(QWidget *panel)
 {
     panel->setObjectName("datetime_format");
     panel->resize(443, panel_height_px);

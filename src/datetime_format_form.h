@@ -11,7 +11,6 @@ class QButtonGroup;
 class QGridLayout;
 class QLabel;
 class QWidget;
-class datetime_format;
 
 namespace orv
 {
@@ -38,7 +37,7 @@ public:
     static const std::array<choice, 2> time_choices;
 
     /// Builds everything inside of `panel` and connects its slots by name.
-    void build(datetime_format *panel);
+    void build(QWidget *panel);
 
     /// The format of one of the radio buttons.
     QString format_of(const orv::radio *button) const;
@@ -65,7 +64,7 @@ public:
     QButtonGroup *buttongroup_time = nullptr;
 
 private:
-    void build_frames(datetime_format *panel);
+    void build_frames(QWidget *panel);
     void build_labels();
     void add_button(const choice &choice, QButtonGroup *group, const QString &tooltip);
 };

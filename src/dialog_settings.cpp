@@ -2,10 +2,10 @@
 
 #include "dialog_settings.h"
 
-#include "language_setting.h"
 #include "orv/combobox.h"
 #include "orv/dialog_width.h"
 #include "orv/panel.h"
+#include "startup/language_setting.h"
 
 #include <QGridLayout>
 #include <QIcon>

@@ -2,7 +2,7 @@
 
 #pragma once
 
-#include "folder_files.h"
+#include "core/folder_files.h"
 
 #include <QStringList>
 #include <QWidget>

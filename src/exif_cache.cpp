@@ -2,8 +2,8 @@
 
 #include "exif_cache.h"
 
+#include "core/photo_record.h"
 #include "orv/exiftool.h"
-#include "photo_record.h"
 #include "qor/stacktrace.h"
 #include "qor/string.h"
 

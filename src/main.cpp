@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "MainWindow.h"
-#include "language_setting.h"
 #include "orv/application_common.h"
-#include "program_setup.h"
+#include "startup/language_setting.h"
+#include "startup/program_setup.h"
 
 int main(int argc, char **argv)
 {

@@ -2,8 +2,11 @@
 
 #pragma once
 
-class MainWindow;
+#include <QCoreApplication>
+#include <QString>
+
 class QGridLayout;
+class QMainWindow;
 class QTableView;
 class QVBoxLayout;
 class QWidget;
@@ -11,11 +14,38 @@ class datetime_format;
 class drop_files_widget;
 class time_adjustment;
 
-/// The widgets of the main window but for its buttons. The window owns them; their object names are
-/// those of the fields here.
+namespace orv
+{
+class button_dark;
+}
+
+/// The look of the main window, and its widgets but for the buttons. The window owns them; their
+/// object names are those of the fields here.
 struct main_window_form {
+    Q_DECLARE_TR_FUNCTIONS(MainWindow)
+
+public:
+    static constexpr int square_button_px = 46;
+    static constexpr int wide_button_px = 120;
+
     /// Builds everything inside of `window`.
-    void build(MainWindow *window);
+    void build(QMainWindow *window);
+
+    /// Buttons without a parent, which the functions below give them.
+    static orv::button_dark *make_small_button(const QString &tooltip, const QString &icon);
+    static orv::button_dark *make_header_button(const QString &tooltip, int width_px,
+                                                const QString &icon);
+
+    /// Lay out the buttons of the strip, of the header and of the drop area. Each is called once.
+    void lay_out_strip(QWidget *settings, QWidget *about, QWidget *help);
+    void lay_out_header(QWidget *fix_time, QWidget *undo);
+    void lay_out_controls(QWidget *load_images, QWidget *reset);
+
+    /// @param language  "en" or "de", for which there is a picture
+    void show_drop_picture(const QString &language);
+
+    /// Gives header and scroll bars of the table their look.
+    void style_table();
 
     QWidget *centralWidget = nullptr;
     QGridLayout *gridLayout = nullptr;

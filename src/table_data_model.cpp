@@ -2,9 +2,9 @@
 
 #include "table_data_model.h"
 
+#include "core/photo_record.h"
 #include "exif_cache.h"
 #include "orv/skin_fonts.h"
-#include "photo_record.h"
 
 #include <QFileInfo>
 #include <QHash>

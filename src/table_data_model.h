@@ -2,9 +2,9 @@
 
 #pragma once
 
-#include "time_offset.h"
-#include "to_int.h"
-#include "zone_text.h"
+#include "core/time_offset.h"
+#include "core/to_int.h"
+#include "core/zone_text.h"
 
 #include <QAbstractTableModel>
 #include <QDateTime>

@@ -3,7 +3,6 @@
 #include "time_adjustment_form.h"
 
 #include "orv/lineedit.h"
-#include "time_adjustment.h"
 
 #include <QGridLayout>
 #include <QLabel>
@@ -43,7 +42,7 @@ QGridLayout *add_grid(QWidget *widget, const char *name, int margin_px)
 
 }  // namespace
 
-void time_adjustment_form::build(time_adjustment *panel)
+void time_adjustment_form::build(QWidget *panel)
 {
     build_frames(panel);
     // The Tab key goes through the fields in the order in which they are made.
@@ -72,7 +71,7 @@ std::array<orv::lineedit *, 7> time_adjustment_form::fields() const
             lineedit_minute, lineedit_second, lineedit_timezone};
 }
 
-void time_adjustment_form::build_frames(time_adjustment *panel)
+void time_adjustment_form::build_frames(QWidget *panel)
 {
     panel->setObjectName("time_adjustment");
     panel->resize(569, 73);

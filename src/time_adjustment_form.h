@@ -9,7 +9,6 @@
 class QGridLayout;
 class QLabel;
 class QWidget;
-class time_adjustment;
 
 namespace orv
 {
@@ -23,7 +22,7 @@ struct time_adjustment_form {
 
 public:
     /// Builds everything inside of `panel` and connects its slots by name.
-    void build(time_adjustment *panel);
+    void build(QWidget *panel);
 
     /// All labels and all fields, from the year to the zone.
     std::array<QLabel *, 7> labels() const;
@@ -50,7 +49,7 @@ public:
     orv::lineedit *lineedit_timezone = nullptr;
 
 private:
-    void build_frames(time_adjustment *panel);
+    void build_frames(QWidget *panel);
     void add_column(int column, QLabel *&column_label, const char *label_name, const QString &text,
                     orv::lineedit *&field, const char *field_name);
 };

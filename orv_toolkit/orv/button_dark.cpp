@@ -52,7 +52,7 @@ QImage picture_for_screen(const QString &path)
     return picture;
 }
 
-void replace(QImage *&image, const QString &path)
+void load_picture(QImage *&image, const QString &path)
 {
     delete image;
     image = new QImage(picture_for_screen(path).convertToFormat(QImage::Format_ARGB32));
@@ -148,9 +148,9 @@ void button_dark::img_highlighter::rebuild()
 {
     if (path.isEmpty())
         return;
-    replace(image_normal, path);
-    replace(image_hot, path);
-    replace(image_disabled, path);
+    load_picture(image_normal, path);
+    load_picture(image_hot, path);
+    load_picture(image_disabled, path);
     if (tinted)
         tint();
     else

@@ -32,13 +32,13 @@ struct extent {
     float padding_after;
 };
 
-/// Where the content comes to stand on one axis.
-struct stretch {
+/// Where the content is on one axis.
+struct axis_span {
     float start;
     float size;
 };
 
-stretch place_fixed(const extent &content, float slot, float slot_start)
+axis_span place_fixed(const extent &content, float slot, float slot_start)
 {
     const bool is_bound_before = content.margin_before >= 0;
     const bool is_bound_after = content.margin_after >= 0;
@@ -51,9 +51,9 @@ stretch place_fixed(const extent &content, float slot, float slot_start)
     return {slot_start, content.size};
 }
 
-stretch place_filling(const extent &content, float slot, float slot_start)
+axis_span place_filling(const extent &content, float slot, float slot_start)
 {
-    stretch place = {slot_start, slot};
+    axis_span place = {slot_start, slot};
     if (content.margin_before >= 0) {
         place.start += content.margin_before;
         place.size -= content.margin_before;
@@ -65,14 +65,14 @@ stretch place_filling(const extent &content, float slot, float slot_start)
     return place;
 }
 
-stretch place(const extent &content, float slot, float slot_start)
+axis_span place(const extent &content, float slot, float slot_start)
 {
     return content.size > 0 ? place_fixed(content, slot, slot_start)
                             : place_filling(content, slot, slot_start);
 }
 
 /// The area of the background: the content's with the padding around it.
-stretch padded(const stretch &content, const extent &around)
+axis_span padded(const axis_span &content, const extent &around)
 {
     return {content.start - around.padding_before,
             content.size + around.padding_before + around.padding_after};
@@ -85,7 +85,8 @@ int whole_place(float start)
     return std::min(whole_pixels(start), farthest);
 }
 
-void set_area(QWidget &widget, const stretch &across, const stretch &down, QPoint shift = QPoint())
+void set_area(QWidget &widget, const axis_span &across, const axis_span &down,
+              QPoint shift = QPoint())
 {
     widget.move(whole_place(static_cast<float>(shift.x()) + across.start),
                 whole_place(static_cast<float>(shift.y()) + down.start));
@@ -377,8 +378,8 @@ float layout::place_cell(cell &each, const axis &columns, const axis &rows, floa
                          each.padding_bottom};
     const float slot_width = columns.slot(each.column, each.column_span, each.first_column_width);
     const float slot_height = rows.slot(each.row, each.row_span, 0);
-    const stretch across_place = place(across, slot_width, x);
-    const stretch down_place = place(down, slot_height, y);
+    const axis_span across_place = place(across, slot_width, x);
+    const axis_span down_place = place(down, slot_height, y);
 
     QWidget *content = each.widget();
     if (content)

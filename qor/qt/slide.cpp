@@ -22,8 +22,8 @@ namespace
 constexpr float steps_per_second = 25;
 constexpr float microseconds_per_second = 1000000;
 
-/// A line with the way that it has to go: positive when it shrinks.
-struct way {
+/// How far a line has to change: positive when it shrinks.
+struct size_change {
     const sliding_line &line;
     std::int64_t delta;
 
@@ -34,13 +34,13 @@ struct way {
     }
 };
 
-std::vector<way> ways_of(const std::vector<sliding_line> &lines)
+std::vector<size_change> changes_of(const std::vector<sliding_line> &lines)
 {
-    std::vector<way> ways;
-    ways.reserve(lines.size());
+    std::vector<size_change> changes;
+    changes.reserve(lines.size());
     for (const sliding_line &line : lines)
-        ways.push_back({line, std::int64_t(line.size()) - line.target});
-    return ways;
+        changes.push_back({line, std::int64_t(line.size()) - line.target});
+    return changes;
 }
 
 /// In pixels; no more than what passes the target, however short the time is.
@@ -57,15 +57,15 @@ void wait_for_next_step(float seconds)
     std::this_thread::sleep_for(std::chrono::microseconds(static_cast<int>(pause)));
 }
 
-void move_in_steps(QWidget &window, QSize size, const std::vector<way> &ways, float seconds,
-                   repainting repaints)
+void move_in_steps(QWidget &window, QSize size, const std::vector<size_change> &changes,
+                   float seconds, repainting repaints)
 {
     int steps = 0;
     do {
-        for (const way &each : ways)
+        for (const size_change &each : changes)
             each.line.size() =
                 whole_pixels(each.line.size() - std::int64_t(step_of(each.delta, seconds)));
-        if (std::any_of(ways.begin(), ways.end(), std::mem_fn(&way::has_passed)))
+        if (std::any_of(changes.begin(), changes.end(), std::mem_fn(&size_change::has_passed)))
             return;
         lay_out_anew(window, size, repaints);
         wait_for_next_step(seconds);
@@ -87,11 +87,12 @@ void slide(QWidget &window, const std::vector<sliding_line> &lines, float second
            repainting repaints)
 {
     const QSize size = window.size();
-    const std::vector<way> ways = ways_of(lines);
-    if (std::any_of(ways.begin(), ways.end(), [](const way &each) { return each.delta == 0; }))
+    const std::vector<size_change> changes = changes_of(lines);
+    if (std::any_of(changes.begin(), changes.end(),
+                    [](const size_change &each) { return each.delta == 0; }))
         return;
     if (seconds > 0 && seconds * steps_per_second > 0)
-        move_in_steps(window, size, ways, seconds, repaints);
+        move_in_steps(window, size, changes, seconds, repaints);
     for (const sliding_line &line : lines)
         line.size() = line.target;
     lay_out_anew(window, size, repaints);

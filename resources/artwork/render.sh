@@ -18,7 +18,7 @@ set -eu
 target_folder=$(cd "${1:-$(dirname "$0")/..}" && pwd)
 cd "$(dirname "$0")"
 
-../../packaging/install_packages.sh artwork
+../../tools/install_packages.sh artwork
 
 # Renders the source $1 to $2 in the folder, with what options follow.
 render() {

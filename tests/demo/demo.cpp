@@ -14,8 +14,8 @@
 #include "orv/lineedit.h"
 #include "orv/message_box.h"
 #include "private_home.h"
-#include "program_setup.h"
 #include "sample_photos.h"
+#include "startup/program_setup.h"
 #include "table_data_model.h"
 
 #include <QAbstractButton>

@@ -9,8 +9,8 @@
 # shellcheck disable=SC2317  # functions are called through trap and wait_until
 set -eu
 
-# shellcheck source=tests/support/drive_window.sh
-. "$(dirname "$0")/drive_window.sh"
+# shellcheck source=tools/drive_window.sh
+. "$(dirname "$0")/../../tools/drive_window.sh"
 
 size=$1
 shift

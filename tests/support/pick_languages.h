@@ -5,7 +5,7 @@
 #include "dialog_settings.h"
 #include "orv/combobox.h"
 #include "when_modal.h"
-#include "window_road.h"
+#include "window_actions.h"
 
 constexpr int german_row = 0;
 constexpr int english_row = 1;

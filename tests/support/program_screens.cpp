@@ -21,55 +21,55 @@ namespace
 {
 
 /// Photos of each kind of row, and a shift.
-void fill_window(stand_in_road &road)
+void fill_window(fake_tool_window &app)
 {
     const QString dated =
-        road.make_photo("IMG_2041.JPG", {"ExifIFD:DateTimeOriginal=2026:08:14 15:10:21"});
-    const QString with_zone = road.make_photo(
+        app.make_photo("IMG_2041.JPG", {"ExifIFD:DateTimeOriginal=2026:08:14 15:10:21"});
+    const QString with_zone = app.make_photo(
         "P1080317 - Grüße.JPG", {"ExifIFD:DateTimeOriginal=2026:08:14 13:10:48",
                                  "IPTC:DateCreated=2026:08:14", "IPTC:TimeCreated=13:10:48+05:45"});
-    drop_photos(*road.window, {dated, with_zone, road.make_photo("Map.JPG", {})});
-    type_shift(*road.window, "hour", "1");
-    type_shift(*road.window, "minute", "30");
-    type_shift(*road.window, "timezone", "2");
+    drop_photos(*app.window, {dated, with_zone, app.make_photo("Map.JPG", {})});
+    type_shift(*app.window, "hour", "1");
+    type_shift(*app.window, "minute", "30");
+    type_shift(*app.window, "timezone", "2");
 }
 
-void open_empty_window(stand_in_road &road, const screen_visit &visit)
+void open_empty_window(fake_tool_window &app, const screen_visit &visit)
 {
-    visit(*road.window);
+    visit(*app.window);
 }
 
-void open_filled_window(stand_in_road &road, const screen_visit &visit)
+void open_filled_window(fake_tool_window &app, const screen_visit &visit)
 {
-    fill_window(road);
-    visit(*road.window);
+    fill_window(app);
+    visit(*app.window);
 }
 
-void open_resized_window(stand_in_road &road, QSize size, const screen_visit &visit)
+void open_resized_window(fake_tool_window &app, QSize size, const screen_visit &visit)
 {
-    fill_window(road);
-    road.window->resize(size);
-    if (!QTest::qWaitFor([&] { return road.window->size() == size; }))
+    fill_window(app);
+    app.window->resize(size);
+    if (!QTest::qWaitFor([&] { return app.window->size() == size; }))
         qFatal("the window doesn't take the size");
-    visit(*road.window);
+    visit(*app.window);
 }
 
-void open_small_window(stand_in_road &road, const screen_visit &visit)
+void open_small_window(fake_tool_window &app, const screen_visit &visit)
 {
-    open_resized_window(road, road.window->minimumSize(), visit);
+    open_resized_window(app, app.window->minimumSize(), visit);
 }
 
-void open_large_window(stand_in_road &road, const screen_visit &visit)
+void open_large_window(fake_tool_window &app, const screen_visit &visit)
 {
-    open_resized_window(road, {1920, 1080}, visit);
+    open_resized_window(app, {1920, 1080}, visit);
 }
 
-void open_sorted_window(stand_in_road &road, const screen_visit &visit)
+void open_sorted_window(fake_tool_window &app, const screen_visit &visit)
 {
-    fill_window(road);
-    road.window->ui->tableView->sortByColumn(table_data_model::recording_time_column,
-                                             Qt::DescendingOrder);
-    visit(*road.window);
+    fill_window(app);
+    app.window->ui->tableView->sortByColumn(table_data_model::recording_time_column,
+                                            Qt::DescendingOrder);
+    visit(*app.window);
 }
 
 /// Again and again, since a window manager may still move the window.
@@ -82,25 +82,25 @@ bool move_mouse_over(QWidget *button)
     });
 }
 
-void open_hovered_button(stand_in_road &road, const screen_visit &visit)
+void open_hovered_button(fake_tool_window &app, const screen_visit &visit)
 {
-    if (!move_mouse_over(road.window->button_fix_time))
+    if (!move_mouse_over(app.window->button_fix_time))
         qFatal("the mouse isn't over the button");
-    visit(*road.window->button_fix_time);
-    QTest::mouseMove(road.window.get(), {1, 1});
+    visit(*app.window->button_fix_time);
+    QTest::mouseMove(app.window.get(), {1, 1});
 }
 
-void open_pressed_button(stand_in_road &road, const screen_visit &visit)
+void open_pressed_button(fake_tool_window &app, const screen_visit &visit)
 {
-    QTest::mousePress(road.window->button_reset, Qt::LeftButton);
-    visit(*road.window->button_reset);
-    QTest::mouseRelease(road.window->button_reset, Qt::LeftButton);
+    QTest::mousePress(app.window->button_reset, Qt::LeftButton);
+    visit(*app.window->button_reset);
+    QTest::mouseRelease(app.window->button_reset, Qt::LeftButton);
 }
 
-void open_disabled_button(stand_in_road &road, const screen_visit &visit)
+void open_disabled_button(fake_tool_window &app, const screen_visit &visit)
 {
-    if (!road.window->button_undo->isEnabled())
-        visit(*road.window->button_undo);
+    if (!app.window->button_undo->isEnabled())
+        visit(*app.window->button_undo);
 }
 
 QWidget *shown_tip()
@@ -123,23 +123,23 @@ void open_tip(QWidget *widget, const screen_visit &visit)
     }
 }
 
-void open_tip_of_a_button(stand_in_road &road, const screen_visit &visit)
+void open_tip_of_a_button(fake_tool_window &app, const screen_visit &visit)
 {
-    open_tip(road.window->button_fix_time, visit);
+    open_tip(app.window->button_fix_time, visit);
 }
 
-void open_tip_of_the_shift(stand_in_road &road, const screen_visit &visit)
+void open_tip_of_the_shift(fake_tool_window &app, const screen_visit &visit)
 {
-    open_tip(shift_field(*road.window, "hour"), visit);
+    open_tip(shift_field(*app.window, "hour"), visit);
 }
 
-void open_settings(stand_in_road &road, const screen_visit &visit)
+void open_settings(fake_tool_window &app, const screen_visit &visit)
 {
     const when_modal<dialog_settings> user([&visit](dialog_settings &dialog) { visit(dialog); });
-    click(road.window->button_settings);
+    click(app.window->button_settings);
 }
 
-void open_languages(stand_in_road &road, const screen_visit &visit)
+void open_languages(fake_tool_window &app, const screen_visit &visit)
 {
     const when_modal<dialog_settings> user([&visit](dialog_settings &dialog) {
         auto *box = dialog.findChild<orv::combobox *>();
@@ -147,7 +147,7 @@ void open_languages(stand_in_road &road, const screen_visit &visit)
         visit(*box->view()->window());
         box->hidePopup();
     });
-    click(road.window->button_settings);
+    click(app.window->button_settings);
 }
 
 /// Picks the other language than the one in force.
@@ -157,7 +157,7 @@ void pick_other_language(dialog_settings &dialog)
     QTest::keyClick(box, box->currentIndex() == 0 ? Qt::Key_Down : Qt::Key_Up);
 }
 
-void open_language_question(stand_in_road &road, const screen_visit &visit)
+void open_language_question(fake_tool_window &app, const screen_visit &visit)
 {
     std::unique_ptr<when_modal<orv::message_box>> question;
     const when_modal<dialog_settings> user([&](dialog_settings &dialog) {
@@ -168,37 +168,37 @@ void open_language_question(stand_in_road &road, const screen_visit &visit)
             click(box.button(QMessageBox::Yes));
         });
     });
-    click(road.window->button_settings);
+    click(app.window->button_settings);
 }
 
-void open_about(stand_in_road &road, const screen_visit &visit)
+void open_about(fake_tool_window &app, const screen_visit &visit)
 {
     const when_modal<orv::dialog_about> user(
         [&visit](orv::dialog_about &dialog) { visit(dialog); });
-    click(road.window->button_about);
+    click(app.window->button_about);
 }
 
-void open_libraries(stand_in_road &road, const screen_visit &visit)
+void open_libraries(fake_tool_window &app, const screen_visit &visit)
 {
     using library_dialog = orv::dialog_3rd_part_lib_info;
     const when_modal<orv::dialog_about> user([&visit](orv::dialog_about &dialog) {
         const when_modal<library_dialog> reader([&visit](library_dialog &list) { visit(list); });
         click(dialog.findChild<orv::clickable_label *>());
     });
-    click(road.window->button_about);
+    click(app.window->button_about);
 }
 
-void open_report(stand_in_road &road, const screen_visit &visit)
+void open_report(fake_tool_window &app, const screen_visit &visit)
 {
     const when_modal<orv::message_box> user([&visit](orv::message_box &box) { visit(box); });
-    press_keys(road.window.get(), Qt::Key_G, Qt::ControlModifier | Qt::ShiftModifier);
+    press_keys(app.window.get(), Qt::Key_G, Qt::ControlModifier | Qt::ShiftModifier);
 }
 
-void open_file_dialog(stand_in_road &road, const screen_visit &visit)
+void open_file_dialog(fake_tool_window &app, const screen_visit &visit)
 {
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     const when_modal<QFileDialog> user([&visit](QFileDialog &dialog) { visit(dialog); });
-    click(road.window->button_load_images);
+    click(app.window->button_load_images);
 }
 
 /// Visits the dialog when the batch has come to its end, where it is always painted.
@@ -211,65 +211,66 @@ void watch_end(progress_watch &watch, orv::progress_dialog *dialog, int steps,
     });
 }
 
-void open_load_progress(stand_in_road &road, const screen_visit &visit)
+void open_load_progress(fake_tool_window &app, const screen_visit &visit)
 {
-    progress_watch watch(*road.window->progress_load);
-    watch_end(watch, road.window->progress_load, 2, visit);
-    drop_photos(*road.window, {road.make_photo("a.jpg", {}), road.make_photo("b.jpg", {})});
+    progress_watch watch(*app.window->progress_load);
+    watch_end(watch, app.window->progress_load, 2, visit);
+    drop_photos(*app.window, {app.make_photo("a.jpg", {}), app.make_photo("b.jpg", {})});
 }
 
-void open_fix_progress(stand_in_road &road, const screen_visit &visit)
+void open_fix_progress(fake_tool_window &app, const screen_visit &visit)
 {
     const QStringList tags = {"ExifIFD:DateTimeOriginal=2017:05:03 12:00:00"};
-    drop_photos(*road.window, {road.make_photo("a.jpg", tags), road.make_photo("b.jpg", tags)});
-    progress_watch watch(*road.window->progress_fix);
-    watch_end(watch, road.window->progress_fix, 2, visit);
-    click(road.window->button_fix_time);
+    drop_photos(*app.window, {app.make_photo("a.jpg", tags), app.make_photo("b.jpg", tags)});
+    progress_watch watch(*app.window->progress_fix);
+    watch_end(watch, app.window->progress_fix, 2, visit);
+    click(app.window->button_fix_time);
 }
 
-void open_box_of_a_fix(stand_in_road &road, const screen_visit &visit)
+void open_box_of_a_fix(fake_tool_window &app, const screen_visit &visit)
 {
     const when_modal<orv::message_box> user([&visit](orv::message_box &box) { visit(box); });
-    click(road.window->button_fix_time);
+    click(app.window->button_fix_time);
 }
 
-void open_zone_warning(stand_in_road &road, const screen_visit &visit)
+void open_zone_warning(fake_tool_window &app, const screen_visit &visit)
 {
-    road.load_photo(
-        "a.jpg", {"ExifIFD:DateTimeOriginal=2017:05:03 12:00:00", "IPTC:DateCreated=2017:05:03"});
-    open_box_of_a_fix(road, visit);
+    app.load_photo("a.jpg",
+                   {"ExifIFD:DateTimeOriginal=2017:05:03 12:00:00", "IPTC:DateCreated=2017:05:03"});
+    open_box_of_a_fix(app, visit);
 }
 
-void open_early_warning(stand_in_road &road, const screen_visit &visit)
+void open_early_warning(fake_tool_window &app, const screen_visit &visit)
 {
-    road.load_dated_photo("a.jpg", "1971:12:31 23:59:59");
-    open_box_of_a_fix(road, visit);
+    app.load_dated_photo("a.jpg", "1971:12:31 23:59:59");
+    open_box_of_a_fix(app, visit);
 }
 
 /// A fix in which none of these photos can be written.
-void open_box_of_failures(stand_in_road &road, const QStringList &names, const screen_visit &visit)
+void open_box_of_failures(fake_tool_window &app, const QStringList &names,
+                          const screen_visit &visit)
 {
     QStringList paths;
     for (const QString &name : names) {
-        paths << road.make_photo(name, {"ExifIFD:DateTimeOriginal=2017:05:03 12:00:00"});
-        road.tool.refuse_writes(name);
+        paths << app.make_photo(name, {"ExifIFD:DateTimeOriginal=2017:05:03 12:00:00"});
+        app.tool.refuse_writes(name);
     }
-    drop_photos(*road.window, paths);
-    open_box_of_a_fix(road, visit);
+    drop_photos(*app.window, paths);
+    open_box_of_a_fix(app, visit);
 }
 
-void open_failure_box(stand_in_road &road, const screen_visit &visit)
+void open_failure_box(fake_tool_window &app, const screen_visit &visit)
 {
-    open_box_of_failures(road, {"P1080318.JPG", "P1080320 - Grüße aus dem Urlaub.JPG"}, visit);
+    open_box_of_failures(app, {"P1080318.JPG", "P1080320 - Grüße aus dem Urlaub.JPG"}, visit);
 }
 
 /// More names than the screen has lines, one of them wider than the screen.
-void open_large_failure_box(stand_in_road &road, const screen_visit &visit)
+void open_large_failure_box(fake_tool_window &app, const screen_visit &visit)
 {
     QStringList names(QString(200, 'x') + ".JPG");
     for (int number = 100; number < 200; ++number)
         names << QString("P1080%1 - Grüße aus dem Urlaub.JPG").arg(number);
-    open_box_of_failures(road, names, visit);
+    open_box_of_failures(app, names, visit);
 }
 
 }  // namespace
@@ -313,10 +314,10 @@ void add_screen_rows(const QString &left_out)
     }
 }
 
-void open_screen(const program_screen &screen, stand_in_road &road, const screen_visit &visit)
+void open_screen(const program_screen &screen, fake_tool_window &app, const screen_visit &visit)
 {
     bool came_up = false;
-    screen.open(road, [&](QWidget &shown) {
+    screen.open(app, [&](QWidget &shown) {
         came_up = QTest::qWaitForWindowExposed(shown.window()) && !shown.grab().isNull();
         visit(shown);
     });
@@ -324,13 +325,13 @@ void open_screen(const program_screen &screen, stand_in_road &road, const screen
         qFatal("no %s came up", screen.name);
 }
 
-language_run::language_run(stand_in_road &new_road, const QString &language) : road(new_road)
+language_run::language_run(fake_tool_window &new_app, const QString &language) : app(new_app)
 {
-    road.start();
+    app.start();
     QSettings().setValue("lang", language);
     if (language == "de")
         catalogues = std::make_unique<german_catalogues>();
-    close_window(road.window);
-    road.window = open_window();
-    road.tool.forget();
+    close_window(app.window);
+    app.window = open_window();
+    app.tool.forget();
 }

@@ -2,8 +2,8 @@
 
 #pragma once
 
+#include "fake_tool_window.h"
 #include "german_catalogues.h"
-#include "stand_in_road.h"
 
 #include <functional>
 #include <memory>
@@ -18,7 +18,7 @@ struct program_screen {
 
     /// Opens the screen from a fresh window, hands it over and leaves it again. What is handed over
     /// is the widget that the screen is about: a window, or a button in its state.
-    void (*open)(stand_in_road &road, const screen_visit &visit);
+    void (*open)(fake_tool_window &app, const screen_visit &visit);
 };
 
 /// All screens of the program.
@@ -29,21 +29,21 @@ extern const std::vector<program_screen> program_screens;
 void add_screen_rows(const QString &left_out = QString());
 
 /// As its `open`, for a screen that must come up: shown and painted when it is handed over.
-void open_screen(const program_screen &screen, stand_in_road &road, const screen_visit &visit);
+void open_screen(const program_screen &screen, fake_tool_window &app, const screen_visit &visit);
 
 /// The program in one of its languages, with a fresh window, while this lives.
 class language_run
 {
 public:
     /// @param language  "en" or "de"
-    language_run(stand_in_road &road, const QString &language);
-    ~language_run() { road.end(); }
+    language_run(fake_tool_window &app, const QString &language);
+    ~language_run() { app.end(); }
 
     language_run(const language_run &) = delete;
     language_run &operator=(const language_run &) = delete;
 
 private:
-    stand_in_road &road;
+    fake_tool_window &app;
     std::unique_ptr<german_catalogues> catalogues;
 };
 

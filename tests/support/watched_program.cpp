@@ -2,7 +2,7 @@
 
 #include "watched_program.h"
 
-#include "window_road.h"
+#include "window_actions.h"
 
 namespace
 {
@@ -26,7 +26,7 @@ QString watched_program::make_photos(const QString &name, int count)
 
 void watched_program::start(const QString &steps)
 {
-    run = std::make_unique<outside_run>(KELVRA_PROGRAM);
+    run = std::make_unique<isolated_program>(KELVRA_PROGRAM);
     run->use_stand_in();
     program = std::make_unique<running_program>(run->program_path(), steps);
 }

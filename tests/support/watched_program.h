@@ -3,7 +3,7 @@
 #pragma once
 
 #include "expected_screens.h"
-#include "outside_run.h"
+#include "isolated_program.h"
 #include "running_program.h"
 #include "screen.h"
 #include "scripted_tool.h"
@@ -45,6 +45,6 @@ public:
 
 private:
     const QTemporaryDir folder;
-    std::unique_ptr<outside_run> run;
+    std::unique_ptr<isolated_program> run;
     std::unique_ptr<running_program> program;
 };

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "isolated_program.h"
+
+#include "processes.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+#include <QProcess>
+
+#include <unistd.h>
+
+// On the disk of the build, so that big programs can be linked instead of copied.
+isolated_program::isolated_program(const QString &source)
+    : folder(QCoreApplication::applicationDirPath() + "/run-XXXXXX"),
+      program(folder.filePath(QFileInfo(source).fileName()))
+{
+    place(source, program);
+}
+
+void isolated_program::use_stand_in()
+{
+    place(STAND_IN_PROGRAM, tool_path());
+}
+
+void isolated_program::use_real_tool()
+{
+    if (!QFile::link(EXIFTOOL_PROGRAM, tool_path()))
+        qFatal("can't link the tool");
+}
+
+QString isolated_program::tool_path() const
+{
+    return folder.filePath("exiftool.exe");
+}
+
+program_result isolated_program::run(const QStringList &arguments, int limit_ms) const
+{
+    QProcess process;
+    process.start(program, arguments);
+    program_result result;
+    result.timed_out = !process.waitForFinished(limit_ms);
+    if (result.timed_out) {
+        kill_with_children(process);
+    } else if (process.exitStatus() == QProcess::NormalExit) {
+        result.status = process.exitCode();
+    }
+    result.output = process.readAllStandardOutput();
+    result.errors = process.readAllStandardError();
+    return result;
+}
+
+/// A hard link where it can be, since a program finds its folder through the name it was run by.
+void isolated_program::place(const QString &source, const QString &target) const
+{
+    if (link(QFile::encodeName(source), QFile::encodeName(target)) != 0 &&
+        !QFile::copy(source, target))
+        qFatal("can't place %s", qPrintable(target));
+}

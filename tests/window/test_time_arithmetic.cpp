@@ -1,0 +1,386 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "core/time_offset.h"
+#include "exif_cache.h"
+#include "program_test_main.h"
+#include "table_data_model.h"
+
+#include <limits>
+
+namespace
+{
+
+const QString path = "/photos/photo.jpg";
+const QString date_time_format = "yyyy:MM:dd hh:mm:ss";
+constexpr int greatest = std::numeric_limits<int>::max();
+constexpr int least = std::numeric_limits<int>::min();
+
+/// @param text  a time that isn't in a gap of the clock
+QDateTime time_of(const QString &text)
+{
+    const QDateTime time = QDateTime::fromString(text, date_time_format);
+    if (!time.isValid())
+        qFatal("%s is no time", qPrintable(text));
+    return time;
+}
+
+/// Empty for an invalid time.
+QString text_of(const QDateTime &time)
+{
+    return time.toString(date_time_format);
+}
+
+tag_map dated(const char *year, const char *month, const char *day)
+{
+    return {{"rec_year", year}, {"rec_month", month}, {"rec_day", day}};
+}
+
+tag_map dated(const char *year, const char *month, const char *day, const char *hour,
+              const char *minute, const char *second)
+{
+    tag_map record = dated(year, month, day);
+    record["rec_hour"] = hour;
+    record["rec_minute"] = minute;
+    record["rec_second"] = second;
+    return record;
+}
+
+}  // namespace
+
+Q_DECLARE_METATYPE(tag_map)
+Q_DECLARE_METATYPE(time_offset)
+
+class test_time_arithmetic : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void shift_starts_as_none();
+    void recording_time_is_the_local_time_of_the_record_data();
+    void recording_time_is_the_local_time_of_the_record();
+    void shift_adds_unit_after_unit_data();
+    void shift_adds_unit_after_unit();
+    void shift_follows_the_clock_of_the_place_data();
+    void shift_follows_the_clock_of_the_place();
+    void seconds_of_hours_and_minutes_wrap_at_32_bits_data();
+    void seconds_of_hours_and_minutes_wrap_at_32_bits();
+    void extreme_shift_gives_a_time_data();
+    void extreme_shift_gives_a_time();
+    void invalid_time_stays_invalid();
+    void zone_never_moves_the_time_data();
+    void zone_never_moves_the_time();
+    void model_keeps_the_whole_shift();
+    void shift_replaces_the_one_before();
+    void shift_outlives_the_files();
+    void shift_is_never_stored();
+    void zone_of_a_row_data();
+    void zone_of_a_row();
+
+private:
+    void use_record(const tag_map &record);
+    void use_shift(const time_offset &offset);
+
+    table_data_model model{nullptr};
+};
+
+void test_time_arithmetic::init()
+{
+    use_shift({});
+}
+
+void test_time_arithmetic::cleanup()
+{
+    exif_cache::instance()->records.clear();
+}
+
+void test_time_arithmetic::use_record(const tag_map &record)
+{
+    exif_cache::instance()->records[path.toStdString()] = record;
+}
+
+void test_time_arithmetic::use_shift(const time_offset &offset)
+{
+    model.datetime_offset_changed(offset.year, offset.month, offset.day, offset.hour, offset.minute,
+                                  offset.second, offset.alter_timezone, offset.timezone);
+}
+
+void test_time_arithmetic::shift_starts_as_none()
+{
+    const time_offset offset;
+    const QList<int> units = {offset.year, offset.month,  offset.day,
+                              offset.hour, offset.minute, offset.second};
+    QCOMPARE(units, QList<int>({0, 0, 0, 0, 0, 0}));
+    QCOMPARE(offset.alter_timezone, false);
+    QCOMPARE(offset.timezone, 0.0);
+
+    const table_data_model fresh(nullptr);
+    const QList<int> fresh_units = {fresh.year, fresh.month,  fresh.day,
+                                    fresh.hour, fresh.minute, fresh.second};
+    QCOMPARE(fresh_units, QList<int>({0, 0, 0, 0, 0, 0}));
+    QCOMPARE(fresh.alter_timezone, false);
+    QCOMPARE(fresh.timezone, 0.0);
+}
+
+void test_time_arithmetic::recording_time_is_the_local_time_of_the_record_data()
+{
+    QTest::addColumn<tag_map>("record");
+    QTest::addColumn<QString>("expected");
+    // clang-format off
+    QTest::newRow("date and time") << dated("2017", "05", "03", "12", "34", "56") << "2017:05:03 12:34:56";
+    QTest::newRow("date alone is midnight") << dated("2017", "05", "03") << "2017:05:03 00:00:00";
+    QTest::newRow("fraction is cut") << dated("2017", "05", "03", "12", "00", "59.99") << "2017:05:03 12:00:59";
+    QTest::newRow("zone behind the second doesn't count") << dated("2017", "05", "03", "12", "00", "07 +0200") << "2017:05:03 12:00:07";
+    QTest::newRow("hour behind a blank") << dated("2017", "05", "03", " 12", "00", "00") << "2017:05:03 12:00:00";
+    QTest::newRow("letters are zero, which no date has") << dated("a", "b", "c") << "";
+    QTest::newRow("letters of a time are zero") << dated("2017", "05", "03", "x", "y", "z") << "2017:05:03 00:00:00";
+    QTest::newRow("date of zeros") << dated("0000", "00", "00", "00", "00", "00") << "";
+    QTest::newRow("day that the month hasn't got") << dated("2017", "02", "29", "12", "00", "00") << "";
+    QTest::newRow("time beyond the day falls back to midnight") << dated("2017", "05", "03", "25", "00", "00") << "2017:05:03 00:00:00";
+    QTest::newRow("time skipped in spring") << dated("2016", "03", "27", "02", "30", "00") << "";
+    QTest::newRow("time that autumn has twice") << dated("2016", "10", "30", "02", "30", "00") << "2016:10:30 02:30:00";
+    QTest::newRow("time without a date") << tag_map{{"rec_hour", "12"}, {"rec_minute", "0"}, {"rec_second", "0"}} << "";
+    QTest::newRow("no recording time") << tag_map{{"has_data", "true"}} << "";
+    QTest::newRow("no record") << tag_map{} << "";
+    // clang-format on
+}
+
+void test_time_arithmetic::recording_time_is_the_local_time_of_the_record()
+{
+    QFETCH(tag_map, record);
+    QFETCH(QString, expected);
+    use_record(record);
+    const QDateTime time = model.recording_time(path);
+    QCOMPARE(text_of(time), expected);
+    QCOMPARE(time.isValid(), !expected.isEmpty());
+    QCOMPARE(time.timeSpec(), Qt::LocalTime);
+}
+
+void test_time_arithmetic::shift_adds_unit_after_unit_data()
+{
+    QTest::addColumn<QString>("time");
+    QTest::addColumn<time_offset>("offset");
+    QTest::addColumn<QString>("expected");
+    // clang-format off
+    QTest::newRow("nothing") << "2017:05:03 12:34:56" << time_offset{} << "2017:05:03 12:34:56";
+    QTest::newRow("one of each") << "2017:05:03 12:34:56" << time_offset{1, 1, 1, 1, 1, 1, false, 0.0} << "2018:06:04 13:35:57";
+    QTest::newRow("minus one of each") << "2017:05:03 12:34:56" << time_offset{-1, -1, -1, -1, -1, -1, false, 0.0} << "2016:04:02 11:33:55";
+    QTest::newRow("years before months") << "2016:02:29 12:00:00" << time_offset{1, 1, 0, 0, 0, 0, false, 0.0} << "2017:03:28 12:00:00";
+    QTest::newRow("months before days") << "2016:01:31 12:00:00" << time_offset{0, 1, 1, 0, 0, 0, false, 0.0} << "2016:03:01 12:00:00";
+    QTest::newRow("months before days, short February") << "2017:01:30 12:00:00" << time_offset{0, 1, 1, 0, 0, 0, false, 0.0} << "2017:03:01 12:00:00";
+    QTest::newRow("months before hours") << "2017:01:30 23:30:00" << time_offset{0, 1, 0, 1, 0, 0, false, 0.0} << "2017:03:01 00:30:00";
+    QTest::newRow("year clamps a leap day") << "2016:02:29 12:00:00" << time_offset{1, 0, 0, 0, 0, 0, false, 0.0} << "2017:02:28 12:00:00";
+    QTest::newRow("four years keep it") << "2016:02:29 12:00:00" << time_offset{4, 0, 0, 0, 0, 0, false, 0.0} << "2020:02:29 12:00:00";
+    QTest::newRow("negative year clamps it") << "2016:02:29 12:00:00" << time_offset{-1, 0, 0, 0, 0, 0, false, 0.0} << "2015:02:28 12:00:00";
+    QTest::newRow("month clamps to its last day") << "2017:05:31 12:00:00" << time_offset{0, 1, 0, 0, 0, 0, false, 0.0} << "2017:06:30 12:00:00";
+    QTest::newRow("negative month clamps to its last day") << "2017:05:31 12:00:00" << time_offset{0, -3, 0, 0, 0, 0, false, 0.0} << "2017:02:28 12:00:00";
+    QTest::newRow("months beyond the year") << "2017:05:31 12:00:00" << time_offset{0, 14, 0, 0, 0, 0, false, 0.0} << "2018:07:31 12:00:00";
+    QTest::newRow("days beyond the month") << "2017:05:31 12:00:00" << time_offset{0, 0, 400, 0, 0, 0, false, 0.0} << "2018:07:05 12:00:00";
+    QTest::newRow("hours beyond the day") << "2017:05:31 12:00:00" << time_offset{0, 0, 0, 49, 0, 0, false, 0.0} << "2017:06:02 13:00:00";
+    QTest::newRow("minutes beyond the hour") << "2017:05:31 12:00:00" << time_offset{0, 0, 0, 0, -121, 0, false, 0.0} << "2017:05:31 09:59:00";
+    QTest::newRow("seconds over midnight") << "2017:05:03 23:59:30" << time_offset{0, 0, 0, 0, 0, 45, false, 0.0} << "2017:05:04 00:00:15";
+    QTest::newRow("seconds over the end of the year") << "2017:12:31 23:59:59" << time_offset{0, 0, 0, 0, 0, 1, false, 0.0} << "2018:01:01 00:00:00";
+    QTest::newRow("opposite units meet") << "2017:05:03 12:00:00" << time_offset{0, 0, 1, -24, 60, -3600, false, 0.0} << "2017:05:03 12:00:00";
+    // clang-format on
+}
+
+void test_time_arithmetic::shift_adds_unit_after_unit()
+{
+    QFETCH(QString, time);
+    QFETCH(time_offset, offset);
+    QTEST(text_of(shifted_time(time_of(time), offset)), "expected");
+}
+
+void test_time_arithmetic::shift_follows_the_clock_of_the_place_data()
+{
+    QTest::addColumn<QString>("time");
+    QTest::addColumn<time_offset>("offset");
+    QTest::addColumn<QString>("expected");
+    // clang-format off
+    QTest::newRow("an hour over the gap of spring") << "2016:03:27 01:30:00" << time_offset{0, 0, 0, 1, 0, 0, false, 0.0} << "2016:03:27 03:30:00";
+    QTest::newRow("an hour back over it") << "2016:03:27 03:30:00" << time_offset{0, 0, 0, -1, 0, 0, false, 0.0} << "2016:03:27 01:30:00";
+    QTest::newRow("24 hours over it") << "2016:03:26 12:00:00" << time_offset{0, 0, 0, 24, 0, 0, false, 0.0} << "2016:03:27 13:00:00";
+    QTest::newRow("a day over it") << "2016:03:26 12:00:00" << time_offset{0, 0, 1, 0, 0, 0, false, 0.0} << "2016:03:27 12:00:00";
+    QTest::newRow("a day into it") << "2016:03:26 02:30:00" << time_offset{0, 0, 1, 0, 0, 0, false, 0.0} << "2016:03:27 03:30:00";
+    QTest::newRow("a day into it before an hour") << "2016:03:26 02:30:00" << time_offset{0, 0, 1, 1, 0, 0, false, 0.0} << "2016:03:27 04:30:00";
+    QTest::newRow("a month into it") << "2016:02:27 02:30:00" << time_offset{0, 1, 0, 0, 0, 0, false, 0.0} << "2016:03:27 03:30:00";
+    QTest::newRow("a year into it") << "2015:03:27 02:30:00" << time_offset{1, 0, 0, 0, 0, 0, false, 0.0} << "2016:03:27 03:30:00";
+    QTest::newRow("a year through it and a day on") << "2015:03:27 02:30:00" << time_offset{1, 0, 1, 0, 0, 0, false, 0.0} << "2016:03:28 03:30:00";
+    QTest::newRow("two hours over the hour that comes twice") << "2016:10:30 01:30:00" << time_offset{0, 0, 0, 2, 0, 0, false, 0.0} << "2016:10:30 02:30:00";
+    QTest::newRow("three hours over it") << "2016:10:30 01:30:00" << time_offset{0, 0, 0, 3, 0, 0, false, 0.0} << "2016:10:30 03:30:00";
+    // clang-format on
+}
+
+void test_time_arithmetic::shift_follows_the_clock_of_the_place()
+{
+    shift_adds_unit_after_unit();
+}
+
+void test_time_arithmetic::seconds_of_hours_and_minutes_wrap_at_32_bits_data()
+{
+    QTest::addColumn<time_offset>("offset");
+    QTest::addColumn<qint64>("seconds");
+    const auto hours = [](int count) { return time_offset{0, 0, 0, count, 0, 0, false, 0.0}; };
+    const auto minutes = [](int count) { return time_offset{0, 0, 0, 0, count, 0, false, 0.0}; };
+    const auto seconds = [](int count) { return time_offset{0, 0, 0, 0, 0, count, false, 0.0}; };
+    // clang-format off
+    QTest::newRow("last hour that fits") << hours(596523) << qint64{2147482800};
+    QTest::newRow("first hour that wraps") << hours(596524) << qint64{-2147480896};
+    QTest::newRow("last negative hour that fits") << hours(-596523) << qint64{-2147482800};
+    QTest::newRow("first negative hour that wraps") << hours(-596524) << qint64{2147480896};
+    QTest::newRow("greatest hour") << hours(greatest) << qint64{-3600};
+    QTest::newRow("least hour") << hours(least) << qint64{0};
+    QTest::newRow("last minute that fits") << minutes(35791394) << qint64{2147483640};
+    QTest::newRow("first minute that wraps") << minutes(35791395) << qint64{-2147483596};
+    QTest::newRow("greatest minute") << minutes(greatest) << qint64{-60};
+    QTest::newRow("least minute") << minutes(least) << qint64{0};
+    QTest::newRow("greatest second doesn't wrap") << seconds(greatest) << qint64{greatest};
+    QTest::newRow("least second doesn't wrap") << seconds(least) << qint64{least};
+    QTest::newRow("sum of the units doesn't wrap")
+        << time_offset{0, 0, 0, 596523, 35791394, greatest, false, 0.0} << qint64{6442450087};
+    // clang-format on
+}
+
+void test_time_arithmetic::seconds_of_hours_and_minutes_wrap_at_32_bits()
+{
+    QFETCH(time_offset, offset);
+    const QDateTime time = time_of("2017:05:03 12:00:00");
+    QTEST(time.secsTo(shifted_time(time, offset)), "seconds");
+}
+
+void test_time_arithmetic::extreme_shift_gives_a_time_data()
+{
+    QTest::addColumn<time_offset>("offset");
+    QTest::addColumn<qint64>("year");
+    // clang-format off
+    QTest::newRow("greatest day") << time_offset{0, 0, greatest, 0, 0, 0, false, 0.0} << qint64{5881627};
+    QTest::newRow("least day") << time_offset{0, 0, least, 0, 0, 0, false, 0.0} << qint64{-5877595};
+    QTest::newRow("beyond four digits") << time_offset{8000, 0, 0, 0, 0, 0, false, 0.0} << qint64{10017};
+    QTest::newRow("no year zero between 1 and -1") << time_offset{-2017, 0, 0, 0, 0, 0, false, 0.0} << qint64{-1};
+    // clang-format on
+}
+
+void test_time_arithmetic::extreme_shift_gives_a_time()
+{
+    QFETCH(time_offset, offset);
+    const QDateTime time = shifted_time(time_of("2017:05:03 12:00:00"), offset);
+    QVERIFY(time.isValid());
+    QTEST(qint64{time.date().year()}, "year");
+    QCOMPARE(time.time(), QTime(12, 0, 0));
+}
+
+void test_time_arithmetic::invalid_time_stays_invalid()
+{
+    QVERIFY(!shifted_time(QDateTime(), {1, 1, 1, 1, 1, 1, true, 1.0}).isValid());
+
+    use_record(dated("0000", "00", "00", "12", "00", "00"));
+    use_shift({2017, 5, 3, 0, 0, 0, false, 0.0});
+    QVERIFY(!model.new_recording_time(path).isValid());
+}
+
+void test_time_arithmetic::zone_never_moves_the_time_data()
+{
+    QTest::addColumn<bool>("alter_timezone");
+    QTest::addColumn<double>("timezone");
+    QTest::newRow("no entry") << false << 0.0;
+    QTest::newRow("entry") << true << 3.0;
+    QTest::newRow("entry that is no number") << true << 0.0;
+    QTest::newRow("hours without an entry") << false << 3.0;
+}
+
+void test_time_arithmetic::zone_never_moves_the_time()
+{
+    QFETCH(bool, alter_timezone);
+    QFETCH(double, timezone);
+    tag_map record = dated("2017", "05", "03", "12", "00", "00");
+    record["iptc_timezone"] = "+02:00";
+    use_record(record);
+    use_shift({0, 0, 0, 1, 0, 0, alter_timezone, timezone});
+    QCOMPARE(text_of(model.recording_time(path)), QString("2017:05:03 12:00:00"));
+    QCOMPARE(text_of(model.new_recording_time(path)), QString("2017:05:03 13:00:00"));
+    QCOMPARE(model.new_recording_time(path).timeSpec(), Qt::LocalTime);
+}
+
+void test_time_arithmetic::model_keeps_the_whole_shift()
+{
+    use_shift({1, 2, 3, 4, 5, 6, true, -5.5});
+    const QList<int> units = {model.year, model.month,  model.day,
+                              model.hour, model.minute, model.second};
+    QCOMPARE(units, QList<int>({1, 2, 3, 4, 5, 6}));
+    QCOMPARE(model.alter_timezone, true);
+    QCOMPARE(model.timezone, -5.5);
+
+    use_record(dated("2017", "05", "03", "12", "34", "56"));
+    QCOMPARE(text_of(model.new_recording_time(path)), QString("2018:07:06 16:40:02"));
+}
+
+void test_time_arithmetic::shift_replaces_the_one_before()
+{
+    use_record(dated("2017", "05", "03", "12", "00", "00"));
+    use_shift({1, 0, 0, 0, 0, 0, false, 0.0});
+    use_shift({0, 0, 1, 0, 0, 0, false, 0.0});
+    QCOMPARE(text_of(model.new_recording_time(path)), QString("2017:05:04 12:00:00"));
+}
+
+void test_time_arithmetic::shift_outlives_the_files()
+{
+    use_shift({0, 0, 0, 1, 0, 0, true, 2.0});
+    model.clear();
+    use_record(dated("2017", "05", "03", "12", "00", "00"));
+    QCOMPARE(text_of(model.new_recording_time(path)), QString("2017:05:03 13:00:00"));
+    QCOMPARE(model.zone_text_for(path, true), QString("+02:00"));
+}
+
+void test_time_arithmetic::shift_is_never_stored()
+{
+    const tag_map record = dated("2017", "05", "03", "12", "00", "00");
+    use_record(record);
+    use_shift({1, 2, 3, 4, 5, 6, true, 7.0});
+    for (int reading = 0; reading < 2; ++reading)
+        QCOMPARE(text_of(model.new_recording_time(path)), QString("2018:07:06 16:05:06"));
+    model.zone_text_for(path, true);
+    QCOMPARE(exif_cache::instance()->record_copy(path), record);
+}
+
+void test_time_arithmetic::zone_of_a_row_data()
+{
+    QTest::addColumn<QString>("zone");
+    QTest::addColumn<bool>("apply_offset");
+    QTest::addColumn<bool>("alter_timezone");
+    QTest::addColumn<double>("timezone");
+    QTest::addColumn<QString>("expected");
+    // clang-format off
+    QTest::newRow("stored zone, no entry") << "+02:00" << true << false << 0.0 << "+02:00";
+    QTest::newRow("hours without an entry don't count") << "+02:00" << true << false << 3.0 << "+02:00";
+    QTest::newRow("old time has the stored zone") << "+02:00" << false << true << 3.0 << "+02:00";
+    QTest::newRow("new time has the moved zone") << "+02:00" << true << true << 3.0 << "+05:00";
+    QTest::newRow("stored zone isn't brought into normal form") << "+2:00" << true << false << 0.0 << "+2:00";
+    QTest::newRow("odd minutes stay in the stored zone") << "+01:01" << true << false << 0.0 << "+01:01";
+    QTest::newRow("odd minutes lose one with an entry") << "+01:01" << true << true << 0.0 << "+01:00";
+    QTest::newRow("zone without its leading zero counts as none") << "+2:00" << true << true << 3.0 << "+03:00";
+    QTest::newRow("no zone, no entry") << "" << true << false << 0.0 << "";
+    QTest::newRow("no zone, old time") << "" << false << true << -5.5 << "";
+    QTest::newRow("entry is the zone of a photo without one") << "" << true << true << -5.5 << "-05:30";
+    QTest::newRow("entry that is no number makes a zone") << "" << true << true << 0.0 << "+00:00";
+    // clang-format on
+}
+
+void test_time_arithmetic::zone_of_a_row()
+{
+    QFETCH(QString, zone);
+    QFETCH(bool, apply_offset);
+    QFETCH(bool, alter_timezone);
+    QFETCH(double, timezone);
+    tag_map record = dated("2017", "05", "03", "12", "00", "00");
+    if (!zone.isEmpty())
+        record["iptc_timezone"] = zone.toStdString();
+    use_record(record);
+    use_shift({0, 0, 0, 0, 0, 0, alter_timezone, timezone});
+    QTEST(model.zone_text_for(path, apply_offset), "expected");
+}
+
+KELVRA_PROGRAM_TEST_MAIN(test_time_arithmetic)
+
+#include "test_time_arithmetic.moc"

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "centred_place.h"
+#include "orv/dialog_about.h"
+#include "program_test_main.h"
+#include "when_modal.h"
+#include "window_actions.h"
+
+/// The window in the frame of a window manager, which has a title at the top alone.
+class test_framed_window : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void about_stands_over_the_middle_of_what_is_inside();
+};
+
+void test_framed_window::about_stands_over_the_middle_of_what_is_inside()
+{
+    const std::unique_ptr<MainWindow> window = open_window();
+    QTRY_VERIFY(window->frameGeometry().center().y() != window->geometry().center().y());
+    QRect place;
+    const when_modal<orv::dialog_about> user(
+        [&place](orv::dialog_about &dialog) { place = dialog.geometry(); });
+    click(window->button_about);
+    QVERIFY(user.answered());
+    QCOMPARE(place, centred_place(window->geometry(), place.size()));
+}
+
+KELVRA_PROGRAM_TEST_MAIN(test_framed_window)
+#include "test_framed_window.moc"

@@ -1,0 +1,70 @@
+#!/bin/sh
+# SPDX-License-Identifier: GPL-3.0-or-later
+#
+# Installs the Debian packages that are missing, and says which.
+#
+# usage: tools/install_packages.sh SET...
+#   build        what building and running Kelvra takes
+#   test         what its tests and the virtual displays take besides
+#   screenshots  what taking the pictures of its screens takes besides the first
+#   clang        the second compiler that they are built with
+#   coverage     what counting the lines that the tests run takes besides both
+#   bench        what measuring its speed and memory takes besides the first
+#   package      what making the Debian package takes besides the first
+#   check_package  what checking that takes besides these
+#   roots        what trying things in a fresh root of Debian takes
+#   lint         what checking the sources takes besides the first and the last
+#   artwork      what rendering its pictures from their sources takes
+set -eu
+
+build_packages="cmake g++ ninja-build qtbase5-dev qttools5-dev qttools5-dev-tools
+    libimage-exiftool-perl qttranslations5-l10n fonts-freefont-ttf"
+test_packages="git libxml2-utils openbox tzdata w3c-sgml-lib x11-utils xauth xdotool xvfb"
+screenshot_packages="imagemagick openbox procps x11-utils xauth xdotool xvfb"
+clang_packages="clang"
+coverage_packages="gcovr"
+bench_packages="libbenchmark-dev xauth xvfb"
+package_packages="dpkg-dev file git"
+check_package_packages="lintian"
+root_packages="debootstrap git mount util-linux"
+lint_packages="appstream clang-format clang-tidy clazy desktop-file-utils git perl shellcheck"
+artwork_packages="fonts-freefont-ttf librsvg2-bin"
+
+is_installed() {
+    [ "$(dpkg-query --show --showformat='${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
+}
+
+missing=""
+for set in "$@"; do
+    case $set in
+    build) packages=$build_packages ;;
+    test) packages=$test_packages ;;
+    screenshots) packages=$screenshot_packages ;;
+    clang) packages=$clang_packages ;;
+    coverage) packages=$coverage_packages ;;
+    bench) packages=$bench_packages ;;
+    package) packages=$package_packages ;;
+    check_package) packages=$check_package_packages ;;
+    roots) packages=$root_packages ;;
+    lint) packages=$lint_packages ;;
+    artwork) packages=$artwork_packages ;;
+    *)
+        echo "unknown set of packages: $set" >&2
+        exit 2
+        ;;
+    esac
+    for package in $packages; do
+        is_installed "$package" || missing="$missing $package"
+    done
+done
+[ -n "$missing" ] || exit 0
+
+echo "Installing missing Debian packages:$missing"
+as_root=""
+if [ "$(id -u)" -ne 0 ]; then
+    as_root=sudo
+    echo "(this asks for your password where sudo needs it)"
+fi
+$as_root apt-get update
+# shellcheck disable=SC2086  # the list is split on purpose
+$as_root env DEBIAN_FRONTEND=noninteractive apt-get install --yes --no-install-recommends $missing

@@ -1,0 +1,228 @@
+#!/bin/bash
+# SPDX-License-Identifier: GPL-3.0-or-later
+#
+# Measures how strong the tests are: changes one small thing at a time in the sources, and counts how
+# many of these mutants the tests notice.
+#
+# usage: tools/mutate.sh [SEED [COUNT [SOURCE...]]]
+#          mutants of these sources, or of all in the table below, against the tests named there
+#        tools/mutate.sh random COUNT SEED
+#          mutants drawn by lot from all sources of the program, against all tests
+#
+#   SEED    picks the changes; the same seed gives the same ones (default 1)
+#   COUNT   mutants of each source (default 20; a short source may have less), or of all together
+#
+# Works in a copy below build/mutants. A change that the program doesn't compile with isn't a mutant;
+# one that a test doesn't compile with is caught. A test has to be red twice. Prints each mutant, then
+# the survivors and the share that was caught; fails below 90 percent. A mutant that behaves like the
+# original survives too: read what is printed.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+# The sources, and the tests that concern each, the quickest to notice something first.
+sources="
+src/exif_cache.cpp exif_cache time_arithmetic table_data_model undo_batch random_records
+src/table_data_model.cpp table_data_model time_arithmetic column_sorting table_header header_clicks file_intake german_texts
+src/MainWindow_batches.cpp fix_requests fix_warnings fix_batch undo_batch fix_interruptions
+src/core/batch_plan.cpp batch_plan fix_requests undo_batch batch_requests fix_warnings
+src/core/photo_record.cpp exif_cache batch_plan table_data_model
+src/batch_progress.cpp batch_progress fix_interruptions load_interruptions slow_photos painted_load
+src/photo_table.cpp painted_load file_intake
+orv_toolkit/orv/exiftool.cpp tag_writing tag_reading exiftool_pipe exiftool_process missing_tool exiftool_lifetime disturbed_program exiftool_faults batch_progress slow_photos
+orv_toolkit/orv/tag_reply.cpp tag_reading random_replies
+qor/string.cpp qor_string random_strings
+qor/string.h qor_string
+qor/qt/layout.cpp layout layout_filling layout_geometry layout_grid layout_passes layout_answers
+qor/qt/stylesheet.cpp stylesheet random_sheets
+orv_toolkit/orv/button_dark.cpp button_dark img_highlighter button_icon dense_screen main_window_buttons
+"
+
+work=build/mutants
+tree=$work/tree
+build=$work/build
+original=$work/original
+results=$work/results
+memory_limit_kb=4000000
+
+# The tests of the table, and the one that has the source's name.
+tests_of() {
+    echo "$sources" | awk -v source="$1" '$1 == source { $1 = ""; print }'
+    named=$(basename "$1" | sed 's/\..*//')
+    [ -z "$(git ls-files "tests/*/test_$named.cpp")" ] || echo "$named"
+}
+
+print_usage_and_exit() {
+    sed -n '4,/^set/s/^# \{0,1\}//p' tools/mutate.sh >&2
+    exit 2
+}
+
+# The working tree as it stands, in the copy; what is the same there stays untouched.
+copy_tree() {
+    git ls-files --cached --others --exclude-standard | while read -r file; do
+        [ -f "$file" ] || continue
+        cmp -s "$file" "$tree/$file" && continue
+        mkdir -p "$tree/$(dirname "$file")"
+        cp "$file" "$tree/$file"
+    done
+}
+
+build_test() {
+    cmake --build "$build" --target "test_$1" >"$work/build_log" 2>&1
+}
+
+# A mutant can go on for ever: ctest ends it by the test's own timeout, and the memory is limited.
+run_test() (
+    ulimit -v "$memory_limit_kb"
+    ctest --test-dir "$build" -R "^$1\$" --no-tests=error >"$work/test_log" 2>&1
+)
+
+# Tests that need the screen for themselves may be red by chance, with so much going on.
+is_red() {
+    ! run_test "$1" && ! run_test "$1"
+}
+
+# The first test of a source that is red with the sources in the copy, or nothing. Each is built when
+# its turn comes.
+first_red_test() {
+    for test in $(tests_of "$1" | xargs --no-run-if-empty -n 1 | awk '!seen[$0]++'); do
+        if ! build_test "$test" || is_red "$test"; then
+            echo "$test"
+            return
+        fi
+    done
+}
+
+# Puts the change of that number into the copy of a source, and says what it is. Fails, with the
+# source as it was, where the change doesn't compile.
+mutate() {
+    cp "$tree/$2" "$original"
+    tools/mutations.pl apply "$1" "$original" "$tree/$2" || return 1
+    cmake --build "$build" --target kelvra >"$work/build_log" 2>&1 || {
+        restore "$2"
+        return 1
+    }
+}
+
+# A test that was ended may have left processes, or none, which pkill takes for a failure.
+restore() {
+    pkill --full "$PWD/$build/tests/" || true
+    cp "$original" "$tree/$1"
+}
+
+note_result() { # SOURCE CHANGE RED_TEST
+    if [ -n "$3" ]; then
+        echo "caught   $1 $2 (by $3)"
+    else
+        echo "SURVIVED $1 $2"
+    fi | tee -a "$results"
+}
+
+# Tries the mutants of one source.
+try_source() {
+    tried=0
+    for number in $(tools/mutations.pl pick "$seed" "$tree/$1"); do
+        [ "$tried" -lt "$count" ] || break
+        change=$(mutate "$number" "$1") || continue
+        note_result "$1" "$change" "$(first_red_test "$1")"
+        restore "$1"
+        tried=$((tried + 1))
+    done
+}
+
+try_table() {
+    # shellcheck disable=SC2046  # the list is split on purpose
+    [ $# -gt 0 ] || set -- $(echo "$sources" | cut -d ' ' -f 1)
+    for source in "$@"; do
+        fail_if_red "$(first_red_test "$source")"
+    done
+    for source in "$@"; do
+        try_source "$source"
+    done
+}
+
+red_test_of_log() {
+    awk '/Test +#.*\*\*\*/ { sub(/.*Test +#[0-9]+: /, ""); print $1; found = 1; exit }
+        END { if (!found) print "a test" }' "$work/test_log"
+}
+
+run_tests() (
+    ulimit -v "$memory_limit_kb"
+    ctest --test-dir "$build" --parallel 2 --stop-on-failure "$@" >"$work/test_log" 2>&1
+)
+
+# Most mutants are caught by a quick test, so the slow ones come last. How long each took stands in a
+# file that ctest keeps.
+run_all_tests() {
+    costs=$build/Testing/Temporary/CTestCostData.txt
+    slow=$([ ! -f "$costs" ] || awk '$3 > 2 { print $1 }' "$costs" | paste -sd '|')
+    if [ -n "$slow" ]; then
+        run_tests --exclude-regex "^($slow)\$" && run_tests --tests-regex "^($slow)\$"
+    else
+        run_tests
+    fi
+}
+
+# Of all tests.
+red_test() {
+    if ! cmake --build "$build" >"$work/build_log" 2>&1; then
+        echo "the build"
+        return
+    fi
+    for _ in 1 2 3; do
+        ! run_all_tests || return 0
+        red=$(red_test_of_log)
+        if ! run_test "$red"; then
+            echo "$red"
+            return
+        fi
+    done
+}
+
+fail_if_red() { # RED_TEST
+    if [ -n "$1" ]; then
+        echo "$1 is red without a change" >&2
+        exit 2
+    fi
+}
+
+# The names of the tags are left out: a test knows their checksum.
+program_sources() {
+    git ls-files 'src/*.cpp' 'src/*.h' 'orv_toolkit/*.cpp' 'orv_toolkit/*.h' 'qor/*.cpp' 'qor/*.h'
+}
+
+try_lot() {
+    files=$(program_sources)
+    # shellcheck disable=SC2086  # the list is split on purpose
+    (cd "$tree" && tools/mutations.pl draw "$seed" $files) >"$work/lot"
+    fail_if_red "$(red_test)"
+    tried=0
+    while read -r number source <&3 && [ "$tried" -lt "$count" ]; do
+        change=$(mutate "$number" "$source") || continue
+        red=$(first_red_test "$source")
+        note_result "$source" "$change" "${red:-$(red_test)}"
+        restore "$source"
+        tried=$((tried + 1))
+    done 3<"$work/lot"
+}
+
+mkdir -p "$tree"
+: >"$results"
+copy_tree
+cmake -S "$tree" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=None -Dwarnings_as_errors=OFF \
+    >"$work/build_log"
+if [ "${1:-}" = random ]; then
+    [ $# -eq 3 ] || print_usage_and_exit
+    count=$2
+    seed=$3
+    try_lot
+else
+    seed=${1:-1}
+    count=${2:-20}
+    try_table "${@:3}"
+fi
+
+echo
+grep '^SURVIVED' "$results" || echo 'no survivors'
+awk '$1 == "caught" { ++caught } END {
+    printf "%d of %d mutants caught, %.1f percent\n", caught, NR, 100 * caught / NR
+    exit caught < 0.9 * NR }' "$results"
