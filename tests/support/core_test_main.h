@@ -17,7 +17,7 @@ int run_test(int argc, char **argv)
     return QTest::qExec(&test, argc, argv);
 }
 
-/// The main function of a test that needs no window.
+/// For tests that need no window.
 #define KELVRA_CORE_TEST_MAIN(test_class)                                                          \
     int main(int argc, char **argv)                                                                \
     {                                                                                              \

@@ -7,10 +7,16 @@
 
 #include <QApplication>
 
-/// The main function of a test that runs under the program's identity.
+/// Runs a test class under the program's identity.
+template <class Test>
+int run_program_test(int argc, char **argv)
+{
+    set_identity();
+    return run_test<Test, QApplication>(argc, argv);
+}
+
 #define KELVRA_PROGRAM_TEST_MAIN(test_class)                                                       \
     int main(int argc, char **argv)                                                                \
     {                                                                                              \
-        set_identity();                                                                            \
-        return run_test<test_class, QApplication>(argc, argv);                                     \
+        return run_program_test<test_class>(argc, argv);                                           \
     }

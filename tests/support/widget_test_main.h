@@ -6,9 +6,15 @@
 
 #include <QApplication>
 
-/// The main function of a test of widgets that know nothing of the program.
+/// Runs a test class of widgets that know nothing of the program.
+template <class Test>
+int run_widget_test(int argc, char **argv)
+{
+    return run_test<Test, QApplication>(argc, argv);
+}
+
 #define KELVRA_WIDGET_TEST_MAIN(test_class)                                                        \
     int main(int argc, char **argv)                                                                \
     {                                                                                              \
-        return run_test<test_class, QApplication>(argc, argv);                                     \
+        return run_widget_test<test_class>(argc, argv);                                            \
     }

@@ -2,7 +2,7 @@
 
 #include "orv/message_box.h"
 #include "orv/wrapped_label.h"
-#include "program_test_main.h"
+#include "widget_test_main.h"
 #include "when_modal.h"
 
 #include <QScreen>
@@ -64,6 +64,6 @@ void test_large_screen::name_that_is_wider_than_any_box_wraps()
 int main(int argc, char **argv)
 {
     qputenv("QT_SCALE_FACTOR", scale);
-    return run_test<test_large_screen>(argc, argv);
+    return run_widget_test<test_large_screen>(argc, argv);
 }
 #include "test_large_screen.moc"

@@ -390,7 +390,7 @@ void test_column_sorting::sort_outlives_clear()
 int main(int argc, char **argv)
 {
     qputenv("LC_ALL", "de_DE.UTF-8");
-    return run_test<test_column_sorting>(argc, argv);
+    return run_program_test<test_column_sorting>(argc, argv);
 }
 
 #include "test_column_sorting.moc"

@@ -216,6 +216,6 @@ int main(int argc, char **argv)
 {
     qputenv("QT_SCALE_FACTOR", QByteArray::number(dense_ratio));
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
-    return run_test<test_dense_screen>(argc, argv);
+    return run_program_test<test_dense_screen>(argc, argv);
 }
 #include "test_dense_screen.moc"

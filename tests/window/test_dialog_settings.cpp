@@ -443,7 +443,7 @@ void test_dialog_settings::failed_write_goes_unnoticed()
 int main(int argc, char **argv)
 {
     qputenv("LC_ALL", "de_DE.UTF-8");
-    return run_test<test_dialog_settings>(argc, argv);
+    return run_program_test<test_dialog_settings>(argc, argv);
 }
 
 #include "test_dialog_settings.moc"

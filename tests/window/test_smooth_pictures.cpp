@@ -106,6 +106,6 @@ void test_smooth_pictures::header_of_the_about_dialog_is_smooth()
 int main(int argc, char **argv)
 {
     qputenv("QT_SCALE_FACTOR", QByteArray::number(screen_ratio));
-    return run_test<test_smooth_pictures>(argc, argv);
+    return run_program_test<test_smooth_pictures>(argc, argv);
 }
 #include "test_smooth_pictures.moc"

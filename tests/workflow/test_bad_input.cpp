@@ -310,7 +310,7 @@ void test_bad_input::photo_gone_before_its_loading_is_passed_over()
 int main(int argc, char **argv)
 {
     drop_permission_overrides();
-    return run_test<test_bad_input>(argc, argv);
+    return run_program_test<test_bad_input>(argc, argv);
 }
 
 #include "test_bad_input.moc"

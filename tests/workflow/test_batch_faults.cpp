@@ -476,7 +476,7 @@ int main(int argc, char **argv)
 {
     enter_private_mounts();
     drop_permission_overrides();
-    return run_test<test_batch_faults>(argc, argv);
+    return run_program_test<test_batch_faults>(argc, argv);
 }
 
 #include "test_batch_faults.moc"
