@@ -22,9 +22,10 @@ class progress_dialog;
 
 /// The program's window: builds the screen and turns clicks into commands.
 ///
-/// Lives on the GUI thread. The batches (load, fix, undo) run inside of the click that starts them
-/// and block it, a request to the metadata tool for each file. The window is painted while the tool
-/// works; between two files events are served, during a fix or an undo the user's too.
+/// Lives on the GUI thread. A batch (load, fix, undo) runs inside the click that starts it and
+/// blocks it; each file costs one request to the metadata tool. The window is painted while the
+/// tool works. Events are processed between two files; during a fix or an undo that includes user
+/// input.
 class MainWindow : public QMainWindow
 {
     Q_OBJECT
@@ -33,24 +34,25 @@ public:
     explicit MainWindow(QWidget *parent);
     ~MainWindow() override;
 
-    /// Loads the file or the folder of a QFileOpenEvent; all else goes to QMainWindow.
+    /// Loads the file or folder of a QFileOpenEvent; passes all other events to QMainWindow.
     bool event(QEvent *e) override;
 
-    /// What an undo of a fix of this loaded file needs. Reads `exif_cache` alone.
+    /// The entries needed to undo a fix of this file; reads only `exif_cache`. Requires: the file
+    /// is loaded.
     QList<undo_entry> capture_undo_entries(QString path);
 
     main_window_form *ui = nullptr;                 ///< owned
-    table_data_model *model = nullptr;              ///< lives to the end of the process
+    table_data_model *model = nullptr;              ///< lives until the process ends
     orv::progress_dialog *progress_fix = nullptr;   ///< child of this; for fix and undo
     orv::progress_dialog *progress_load = nullptr;  ///< child of this
 
-    /// The last batch of fixes by path: the files that it wrote, and what they held before. Emptied
-    /// when a fix starts and when an undo has run; never stored.
+    /// The last batch of fixes: for the path of each file that it wrote, the values that the file's
+    /// tags had before. Cleared when a fix starts and after an undo; never saved to disk.
     QMap<QString, QList<undo_entry>> undo_map;
     QString last_load_path;  ///< the folder in which the file dialog opens
 
     orv::button_dark *button_fix_time = nullptr;
-    orv::button_dark *button_undo = nullptr;  ///< enabled while `undo_map` has a file
+    orv::button_dark *button_undo = nullptr;  ///< enabled when a batch has left files in `undo_map`
     orv::button_dark *button_settings = nullptr;
     orv::button_dark *button_help = nullptr;
     orv::button_dark *button_about = nullptr;
@@ -58,33 +60,33 @@ public:
     orv::button_dark *button_reset = nullptr;
 
 public slots:
-    /// Adds the files to the table, in this order, and sorts it; any that can't be read become rows
-    /// without a time.
+    /// Adds the files to the table in this order, then sorts it. A file that can't be read becomes
+    /// a row without a time.
     void load_files(QStringList filenames);
 
-    /// Asks for files and loads them. The folder of the first one is remembered.
+    /// Opens a file dialog and loads the chosen files. Remembers the folder of the first one.
     void on_button_load_images_clicked();
 
-    /// Empties table, `exif_cache` and the entered shift; the last batch can still be undone.
+    /// Clears the table, `exif_cache` and the entered shift; the last batch can still be undone.
     void on_button_reset_clicked();
 
-    /// Writes the new recording time into all date tags of each photo in the table, after warnings
-    /// where they apply; reports the files that failed, and empties the screen.
+    /// Shows any warnings that apply, then writes the new recording time into all date tags of each
+    /// photo in the table. Reports the files that failed, then does the same as the reset button.
     void on_button_fix_time_clicked();
 
-    /// Writes back what the last batch of fixes changed; a file that can't be written is passed
-    /// over.
+    /// Restores what the last batch of fixes changed. Note: a file that can't be written is skipped
+    /// without a message.
     void on_button_undo_clicked();
 
-    /// Lets the user pick the language. After a change asks whether to go on in the old one, which
-    /// stays until the next start, or to quit.
+    /// Lets the user choose the language. After a change, asks whether to quit or to continue in
+    /// the old language, which stays in use until the next start.
     void on_button_settings_clicked();
 
-    /// Shows what program this is, over the middle of the window where the screen has the room.
+    /// Opens the about dialog, centred over the window if it then fits on the screen.
     void on_button_about_clicked();
 
-    /// Hands the help page of the stored language to the system's browser, as a file in the
-    /// temporary folder that stays there. Failures are passed over in silence.
+    /// Opens the help page in the stored language in the system's browser. Failures are ignored.
+    /// Note: the page is written to a file in the temporary folder and left there.
     void on_button_help_clicked();
 
 private:
@@ -112,5 +114,5 @@ private:
 
     bool ask_to_continue_working();
 
-    batch_progress progress;  ///< of load, fix and undo
+    batch_progress progress;  ///< shared by load, fix and undo
 };

@@ -12,17 +12,17 @@
 #include <QCoreApplication>
 #include <QDateTime>
 
-/// A row of the table, as the model shows it.
+/// A row of the model.
 struct MainWindow::photo_row {
     QString path;
     QDateTime old_time;  ///< invalid for a photo without a recording time
-    QDateTime new_time;  ///< likewise
+    QDateTime new_time;  ///< invalid in the same case
 };
 
 namespace
 {
 
-/// Borrowed from the cache; good until the next load or reset.
+/// Borrowed from the cache; valid until the next load or reset.
 photo_tags cached_tags(const QString &path)
 {
     const auto cache = exif_cache::instance();
@@ -48,7 +48,7 @@ void MainWindow::on_button_fix_time_clicked()
 
 void MainWindow::on_button_undo_clicked()
 {
-    // A fix can be started between two files; it must not take the map away from under the loop.
+    // The user can start a fix between two files, which clears the map, so the loop needs a copy.
     const QMap<QString, QList<undo_entry>> batch = undo_map;
     progress.start(progress_fix, batch.size());
     int done = 0;
@@ -77,7 +77,7 @@ MainWindow::photo_row MainWindow::read_row(int row) const
             value(table_data_model::new_recording_time_column).toDateTime()};
 }
 
-/// Counts the photos that a fix without a zone harms and asks about them; true to go on.
+/// Counts the photos that a fix without a zone would harm, and asks about them; true to continue.
 bool MainWindow::ask_about_warnings()
 {
     int early_count = 0;
@@ -116,8 +116,8 @@ bool MainWindow::ask_to_continue(const QString &warning)
                                       tr("Abort"), 0) != QMessageBox::No;
 }
 
-/// The paths of the photos that couldn't be written. The number of rows is asked for anew each
-/// time, since the events between two rows can empty the table.
+/// Returns the paths of the photos that couldn't be written. The number of rows is read again each
+/// time, since the events between two rows can clear the table.
 QStringList MainWindow::fix_all_rows()
 {
     QStringList failed_files;

@@ -26,7 +26,7 @@ constexpr char report_keys[] = "Ctrl+Shift+G";
 constexpr char help_resource[] = ":/help/index_%1.html";
 constexpr char help_file[] = "/kelvra_help_%1.html";
 
-/// Moves the dialog into the middle of the window, where it then stands on the screen as a whole.
+/// Centres the dialog over the window, if it is then completely on the screen.
 void centre_over(const QWidget &window, QDialog &dialog)
 {
     QRect place = dialog.geometry();
@@ -35,7 +35,7 @@ void centre_over(const QWidget &window, QDialog &dialog)
         dialog.setGeometry(place);
 }
 
-/// The help page of a language; empty for one without a page.
+/// The help page of a language; empty if there is none.
 QString help_page(const QString &language)
 {
     QFile page(QString(help_resource).arg(language));
@@ -43,8 +43,8 @@ QString help_page(const QString &language)
     return QString::fromUtf8(page.readAll().constData());
 }
 
-/// Writes the page to the temporary folder, over that of an earlier call; returns its path. Whether
-/// the file can be written isn't looked at.
+/// Writes the page to the temporary folder, overwriting that of an earlier call; returns its path.
+/// Errors are ignored.
 QString write_help_file(const QString &language, const QString &page)
 {
     QFile file(QDir::tempPath() + QString(help_file).arg(language));

@@ -24,7 +24,7 @@ namespace
 constexpr char last_load_path_key[] = "last_load_path";
 constexpr int repaint_limit_ms = 50;
 
-/// The patterns of all the files that the metadata tool opens, a blank behind each.
+/// The patterns of all the files that the metadata tool opens, each followed by a space.
 QString supported_patterns()
 {
     QString patterns;
@@ -33,8 +33,8 @@ QString supported_patterns()
     return patterns;
 }
 
-/// Makes the drop area refuse drops while this lives. The window system delivers them even while
-/// the user's input waits, and a load inside of another would take its progress.
+/// Makes the drop area refuse drops while this object exists. The window system delivers drops even
+/// while user input is held back, and a load inside another would take over its progress dialog.
 class drops_refused : public QObject
 {
 public:
@@ -48,7 +48,7 @@ public:
     drops_refused(const drops_refused &) = delete;
     drops_refused &operator=(const drops_refused &) = delete;
 
-    /// A drag that entered before the load still delivers its drop.
+    /// A drag that entered before the load still delivers its drop event.
     bool eventFilter(QObject *watched, QEvent *event) override
     {
         return event->type() == QEvent::Drop || QObject::eventFilter(watched, event);

@@ -25,10 +25,10 @@ void serve_window_system()
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
-/// Returns when the dialog is on the screen and painted. That can't happen during a request, when
-/// no events are served, and the window manager takes the time that it needs. What was uncovered
-/// before the dialog came up is exposed before it, and so is painted too. The windows of a
-/// minimised program aren't shown at all.
+/// Waits until the dialog is on the screen and painted. That can't happen during a request, when no
+/// events are processed, and the window manager may take its time. Areas that were uncovered before
+/// the dialog came up are exposed before it, so they are painted too. A minimised program doesn't
+/// show its windows at all.
 void wait_until_painted(const QWidget &dialog)
 {
     QElapsedTimer waited;
@@ -39,8 +39,8 @@ void wait_until_painted(const QWidget &dialog)
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, uncovered_wait_ms);
 }
 
-/// Until what a hidden dialog has uncovered is painted. Nothing tells when the window system has
-/// reported all of it.
+/// Waits until the areas that a hidden dialog has uncovered are painted. The time is fixed, since
+/// nothing signals that the window system has reported all of them.
 void wait_until_uncovered()
 {
     QElapsedTimer waited;
@@ -136,7 +136,7 @@ void batch_progress::show(const batch &shown)
     wait_until_painted(*shown.dialog);
 }
 
-/// Windows without anything to paint do nothing.
+/// A window with nothing to paint ignores the request.
 void batch_progress::paint_collected()
 {
     collects = false;

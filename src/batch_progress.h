@@ -12,15 +12,15 @@ namespace orv
 class progress_dialog;
 }  // namespace orv
 
-/// Shows how far a batch is, and chooses the moment at which its windows are painted.
+/// Shows the progress of a batch and decides when its windows are painted.
 ///
-/// Lives on the GUI thread, one at a time. Painting after each step, before the next request, would
-/// keep the metadata tool idle. So from a step on the repaint requests of the watched windows are
-/// collected, and delivered as soon as the next request has gone down to the tool: they are painted
-/// while it works, and show the exact state for as long as the program waits. A step that isn't
-/// followed by a request is painted at the start of the next one, the last step at once. Nothing is
-/// collected while the program waits for events. What the window system exposes is painted whenever
-/// events are served.
+/// Lives on the GUI thread; only one exists at a time. Painting after each step, before the next
+/// request, would keep the metadata tool idle. After a step, therefore, the repaint requests of the
+/// watched windows are held back until the next request has been sent to the tool. The windows are
+/// then painted while the tool works, and show the exact state while the program waits for it. A
+/// step that isn't followed by a request is painted at the start of the next step; the last step
+/// isn't held back. Nothing is held back while the program waits for events. Areas that the window
+/// system exposes are painted whenever events are processed.
 class batch_progress : public QObject
 {
     Q_OBJECT
@@ -32,27 +32,30 @@ public:
     batch_progress(const batch_progress &) = delete;
     batch_progress &operator=(const batch_progress &) = delete;
 
-    /// Chooses when this window is painted; borrowed, it must outlive the last batch.
+    /// Decides from now on when this window is painted. Requires: the window, which is borrowed,
+    /// outlives the last batch.
     void watch(QWidget *window);
 
-    /// Shows the dialog of a batch with no step done, and serves events once, the user's included.
-    /// Returns when the dialog is painted, or a second later if it can't be; until then all events
-    /// but the user's are served. A batch can start while another runs, and ends before it.
+    /// Shows the dialog of a batch with no step done, and processes events once, including user
+    /// input. Then waits until the dialog is painted, but no longer than a second; meanwhile all
+    /// events except user input are processed. A batch can start while another runs. Requires: it
+    /// ends before the other one.
     void start(orv::progress_dialog *dialog, int steps);
 
-    /// Shows the number of steps where that has changed, before the next one is done.
+    /// Shows the number of steps if it has changed, without waiting for the next step.
     void set_steps(int steps);
 
-    /// Shows that `done` of `steps` are done; the number of steps may have changed.
+    /// Shows that `done` of `steps` steps are done; the number of steps may have changed.
     void step(int done, int steps);
 
-    /// Hides the dialog: a batch without a step, or one that an emptied table ends, never reaches
-    /// the value that hides it. A batch outside of this one that shares the dialog and isn't done
-    /// gets it back.
+    /// Ends the innermost batch and hides its dialog, which hides on its own only when all steps
+    /// are done: not in a batch without steps, or in one that ends early because the table was
+    /// cleared. If an outer batch that isn't done shares the dialog, the dialog shows that batch
+    /// again.
     void end();
 
-    /// Keeps the repaint requests from the windows while it collects: each window remembers by
-    /// itself what is to be painted.
+    /// Blocks repaint requests while they are held back; each window remembers on its own what it
+    /// has to paint.
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
@@ -65,7 +68,7 @@ private:
     static void show(const batch &shown);
     void paint_collected();
 
-    QList<QWidget *> windows;  ///< those watched
-    QList<batch> batches;      ///< those that run, each inside of the one before
+    QList<QWidget *> windows;  ///< the watched ones
+    QList<batch> batches;      ///< the running ones, each inside the one before it
     bool collects = false;
 };

@@ -27,7 +27,7 @@ void datetime_format::load_settings()
     static const QSettings settings;
     date_format = settings.value("date_format", "dd.MM.yyyy").toString();
     time_format = settings.value("time_format", "HH:mm:ss").toString();
-    // A stored format of no button leaves the checked one on: the groups are exclusive.
+    // If no button has the stored format, the checked one stays checked: the groups are exclusive.
     for (const auto &choice : datetime_format_form::date_choices)
         (ui->*choice.button)->setChecked(date_format == choice.format);
     for (const auto &choice : datetime_format_form::time_choices)

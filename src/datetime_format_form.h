@@ -17,13 +17,13 @@ namespace orv
 class radio;
 }
 
-/// The widgets of the `datetime_format` panel. The panel owns them; their object names are those of
-/// the fields here.
+/// The widgets of the `datetime_format` panel. The panel owns them; their object names are the
+/// names of the fields.
 struct datetime_format_form {
     Q_DECLARE_TR_FUNCTIONS(datetime_format)
 
 public:
-    /// A radio button with the format that it stands for.
+    /// A radio button and the format that it selects.
     struct choice {
         const char *object_name;
         const char *label;
@@ -32,14 +32,14 @@ public:
         int column;
         orv::radio *datetime_format_form::*button;
     };
-    /// The Tab key goes through the dates in this order, and then through the times.
+    /// The Tab key moves through the dates in this order, then through the times.
     static const std::array<choice, 7> date_choices;
     static const std::array<choice, 2> time_choices;
 
-    /// Builds everything inside of `panel` and connects its slots by name.
+    /// Builds everything inside `panel` and connects its slots by name.
     void build(QWidget *panel);
 
-    /// The format of one of the radio buttons.
+    /// The format of one of the radio buttons; empty for any other button.
     QString format_of(const orv::radio *button) const;
 
     QGridLayout *gridLayout = nullptr;

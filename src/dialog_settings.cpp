@@ -14,10 +14,10 @@
 namespace
 {
 
-/// A language of the program under its own name, which isn't translated.
+/// A language of the program with its native name, which isn't translated.
 struct language {
     const char *name;
-    const char *code;  ///< as it is stored
+    const char *code;  ///< as stored in the settings
 };
 
 constexpr language languages[] = {{"Deutsch", "de"}, {"English", "en"}};
@@ -28,7 +28,7 @@ constexpr int margin_px = 10;
 constexpr int horizontal_spacing_px = 4;
 constexpr int vertical_spacing_px = 8;
 
-/// Any other language than German counts as English.
+/// Any language other than German counts as English.
 int current_language_index(const orv::combobox &box)
 {
     const bool is_german = language_setting(language_key) == "de";
@@ -74,7 +74,7 @@ orv::combobox *dialog_settings::make_language_box()
     box->setMaxVisibleItems(max_visible_languages);
     box->setMinimumWidth(min_language_width_px);
     box->setCurrentIndex(current_language_index(*box));
-    // Connected behind the choice of the current one, which isn't the user's.
+    // Connected after the initial selection, which isn't a choice of the user.
     connect(box, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
             [this, box] { settings.setValue(language_key, box->currentData().toString()); });
     return box;

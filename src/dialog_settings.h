@@ -10,14 +10,15 @@ namespace orv
 class combobox;
 }
 
-/// The dialog in which the user picks the language of the program, which takes effect at the next
-/// start. A choice is stored at once, so there is nothing to confirm and no result to look at.
+/// The dialog in which the user chooses the program's language, which takes effect at the next
+/// start. A choice is stored immediately, so there is nothing to confirm and the result of `exec`
+/// doesn't matter.
 class dialog_settings : public QDialog
 {
     Q_OBJECT
 
 public:
-    /// Shows the language in use. Stores nothing.
+    /// Shows the current setting. Stores nothing.
     explicit dialog_settings(QWidget *parent);
 
 private:

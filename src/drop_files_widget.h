@@ -7,7 +7,7 @@
 #include <QStringList>
 #include <QWidget>
 
-/// The area on which files and folders can be dropped.
+/// The area where files and folders can be dropped.
 class drop_files_widget : public QWidget
 {
     Q_OBJECT
@@ -16,8 +16,8 @@ public:
     explicit drop_files_widget(QWidget *parent);
 
 signals:
-    /// Sent for each drop, with the local files in it and those of its folders' first level; with
-    /// an empty list where there are none.
+    /// Sent for each drop, with its local files and the files directly in its folders; with an
+    /// empty list if there are none.
     void files_dropped(QStringList filenames);
 
 protected:

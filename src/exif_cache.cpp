@@ -20,8 +20,9 @@ const tag_map &entry_of(const std::map<std::string, tag_map> &files, const QStri
     return found == files.end() ? no_tags : found->second;
 }
 
-/// Ends the program if `parts` aren't three, in every build: going on would shift a wrong time.
-/// The report is in the words of the runtime's assertion, and the crash report follows it.
+/// Ends the program in every build type unless there are three parts: continuing would shift a
+/// wrong time. The message looks like that of a failed assert(), and is followed by the crash
+/// report.
 void require_three_parts(const std::vector<qor::string> &parts, const char *check, int line)
 {
     if (parts.size() == 3)
@@ -34,7 +35,7 @@ void require_three_parts(const std::vector<qor::string> &parts, const char *chec
     std::abort();
 }
 
-/// Stays silent: a text that isn't empty always has a part.
+/// Not reached at present: splitting a text that isn't empty gives at least one part.
 void report_unparsed(const std::string &path, const std::string &value,
                      const std::vector<qor::string> &parts)
 {
@@ -116,7 +117,7 @@ void exif_cache::parse_iptc(const std::string &path, const tag_map &tags)
     tag_map &record = records[path];
     record["has_iptc_date"] = tags.count("IPTC:DateCreated") > 0 ? "true" : "false";
     record["has_iptc_time"] = "false";
-    // Another key than the one of the zone, on purpose: a time without a sign has no zone key.
+    // Not the zone's key, on purpose: a time without a sign has no zone key.
     record["ipct_timezone"] = "";
     const auto time = tags.find("IPTC:TimeCreated");
     if (time == tags.end())

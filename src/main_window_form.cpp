@@ -236,9 +236,9 @@ void main_window_form::build_drop_area()
         new QSpacerItem(20, 40, QSizePolicy::Minimum, QSizePolicy::Expanding));
 }
 
-/// The tab key goes through the fields first, then through the formats: in the order in which they
-/// are made, since the panels take no focus themselves. The window's sheet for the panels replaces
-/// the one that each panel gives itself.
+/// The Tab key moves through the fields first, then through the formats: in the order of creation,
+/// since the panels take no focus themselves. The style sheet set here replaces the one that each
+/// panel sets on itself.
 void main_window_form::build_panels()
 {
     widget_time_adjust = add_widget<time_adjustment>(widget_content, "widget_time_adjust");

@@ -19,8 +19,8 @@ namespace orv
 class button_dark;
 }
 
-/// The look of the main window, and its widgets but for the buttons. The window owns them; their
-/// object names are those of the fields here.
+/// The layout and style of the main window, and its widgets except the buttons. The window owns
+/// them; their object names are the names of the fields.
 struct main_window_form {
     Q_DECLARE_TR_FUNCTIONS(MainWindow)
 
@@ -28,23 +28,25 @@ public:
     static constexpr int square_button_px = 46;
     static constexpr int wide_button_px = 120;
 
-    /// Builds everything inside of `window`.
+    /// Builds everything inside `window`.
     void build(QMainWindow *window);
 
-    /// Buttons without a parent, which the functions below give them.
+    /// Make buttons without a parent; the functions below give them one.
     static orv::button_dark *make_small_button(const QString &tooltip, const QString &icon);
     static orv::button_dark *make_header_button(const QString &tooltip, int width_px,
                                                 const QString &icon);
 
-    /// Lay out the buttons of the strip, of the header and of the drop area. Each is called once.
+    /// Lay out the buttons of the strip, the header and the drop area. Requires: each is called
+    /// only once.
     void lay_out_strip(QWidget *settings, QWidget *about, QWidget *help);
     void lay_out_header(QWidget *fix_time, QWidget *undo);
     void lay_out_controls(QWidget *load_images, QWidget *reset);
 
-    /// @param language  "en" or "de", for which there is a picture
+    /// Shows the picture of the drop area.
+    /// @param language  "en" or "de": other languages have no picture
     void show_drop_picture(const QString &language);
 
-    /// Gives header and scroll bars of the table their look.
+    /// Styles the table's header and scroll bars.
     void style_table();
 
     QWidget *centralWidget = nullptr;

@@ -9,7 +9,7 @@
 photo_table::photo_table(QWidget *parent) : QTableView(parent)
 {
     setVerticalScrollBar(new steady_scroll_bar(Qt::Vertical));
-    // The base class would lay itself out; what a new row needs is done in `rowsInserted`.
+    // The base class would redo its whole layout; `rowsInserted` does what a new row needs.
     disconnect(verticalHeader(), &QHeaderView::sectionCountChanged, this, nullptr);
     connect(verticalHeader(), &QHeaderView::sectionCountChanged, this, [this](int before, int now) {
         if (now < before)
@@ -22,8 +22,7 @@ void photo_table::setModel(QAbstractItemModel *model)
     QTableView::setModel(model);
     connect(model, &QAbstractItemModel::rowsAboutToBeInserted, this,
             &photo_table::carry_out_layouts);
-    // The columns are always the same, whatever becomes of the rows: their header needn't be
-    // painted.
+    // A layout change only affects rows, so the header of the columns needn't be repainted.
     disconnect(model, &QAbstractItemModel::layoutAboutToBeChanged, horizontalHeader(), nullptr);
     disconnect(model, &QAbstractItemModel::layoutChanged, horizontalHeader(), nullptr);
 }
@@ -37,10 +36,10 @@ void photo_table::rowsInserted(const QModelIndex &parent, int first, int last)
     viewport()->update(0, top, viewport()->width(), bottom - top);
 }
 
-/// The table can be painted while a row comes in. A layout that was put off until then would count
-/// the row, and the end of the insertion count it once more.
+/// The table can be painted while a row is being inserted. A layout postponed until then would
+/// count the row, and the end of the insertion would count it again.
 void photo_table::carry_out_layouts()
 {
     executeDelayedItemsLayout();
-    verticalHeader()->visualIndexAt(0);  // the header's layout too: any query of a position does it
+    verticalHeader()->visualIndexAt(0);  // lays out the header too, as any query of a position does
 }

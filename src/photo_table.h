@@ -4,20 +4,20 @@
 
 #include <QTableView>
 
-/// The view of the photo table: repaints only the new row when one is inserted.
+/// The view of the photo table. When a row is inserted, only that row is repainted.
 ///
-/// A plain QTableView lays itself out and paints all of itself for each row, which in a load costs
-/// as much time as the metadata tool takes for a photo. What else hangs on the number of rows, such
-/// as the step of the scroll bar, follows with the next change of the layout, the sort after a
-/// load.
+/// A plain QTableView redoes its whole layout and repaints completely for each row; during a load
+/// that costs as much time as the metadata tool takes for a photo. Everything else that depends on
+/// the number of rows, such as the step of the scroll bar, is updated at the next layout change,
+/// which is the sort after a load.
 ///
-/// Without Q_OBJECT on purpose: to Qt and to style sheets it is the QTableView that it replaces.
+/// It has no Q_OBJECT on purpose: to Qt and to style sheets it is the QTableView that it replaces.
 class photo_table : public QTableView
 {
 public:
     explicit photo_table(QWidget *parent);
 
-    /// Requires: rows come in at the end alone, and leave all at once.
+    /// Requires: the model only appends rows, and never removes fewer than all of them.
     void setModel(QAbstractItemModel *model) override;
 
 protected:

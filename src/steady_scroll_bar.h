@@ -5,10 +5,10 @@
 #include <QRect>
 #include <QScrollBar>
 
-/// A scroll bar that isn't painted for a longer range unless that moves its handle by a pixel.
+/// A scroll bar that is repainted for a new range only if its handle changes by at least a pixel.
 ///
-/// A plain QScrollBar is painted for each row that comes in, and in a long list hardly ever looks
-/// different. Without Q_OBJECT on purpose: to style sheets it is a QScrollBar.
+/// A plain QScrollBar is repainted for each inserted row, although in a long list it hardly ever
+/// looks different. It has no Q_OBJECT on purpose: to style sheets it is a QScrollBar.
 class steady_scroll_bar : public QScrollBar
 {
 public:

@@ -31,7 +31,7 @@ int compare_by_name(const QString &a, const QString &b)
                             : QString::localeAwareCompare(name_a, name_b);
 }
 
-/// The number under a key of a record, 0 without it.
+/// The number stored under a key of a record; 0 if the key is missing.
 int number(const tag_map &record, const char *key)
 {
     return to_int(value_of(record, key), 0);
@@ -247,8 +247,8 @@ void table_data_model::sort_by_name(Qt::SortOrder order)
     });
 }
 
-/// A path is compared with many others; its time is worked out when it is first compared, and kept
-/// to the end of the sort.
+/// A path is compared with many others, so its time is computed only at the first comparison and
+/// kept until the sort ends.
 void table_data_model::sort_by_recording_time(Qt::SortOrder order)
 {
     const bool descending = order == Qt::DescendingOrder;

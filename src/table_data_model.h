@@ -12,13 +12,12 @@
 #include <QString>
 #include <QStringList>
 
-/// The photo table: a row for each loaded file, with its name, its recording time and the recording
-/// time that the entered shift would give.
+/// The model of the photo table: one row for each loaded file, with its name, its recording time,
+/// and the recording time that the entered shift would give.
 ///
-/// Lives on the GUI thread. The model holds the paths alone; every value is made from `exif_cache`
-/// and the shift at the moment it is asked for, so that a new shift or format costs two layout
-/// signals. Through `Qt::UserRole` a row gives its path and its two times, invalid where the file
-/// has none.
+/// Lives on the GUI thread. The model holds only the paths. Every value is computed on request from
+/// `exif_cache` and the shift, so a new shift or format costs only two layout signals.
+/// `Qt::UserRole` gives a row's path and its two times, which are invalid if the file has none.
 class table_data_model : public QAbstractTableModel
 {
     Q_OBJECT
@@ -28,48 +27,49 @@ public:
 
     explicit table_data_model(QObject *parent);
 
-    /// The number of files, whatever the parent.
+    /// The number of files, for any parent.
     int rowCount(const QModelIndex &parent = QModelIndex()) const override;
     int columnCount(const QModelIndex &parent = QModelIndex()) const override;
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
     QVariant headerData(int section, Qt::Orientation orientation,
                         int role = Qt::DisplayRole) const override;
 
-    /// Sorts by name or by recording time, without the shift; equal times keep no order. Any other
-    /// column sorts nothing and has the header go back to the column in force.
+    /// Sorts by name, or by the recording time without the shift; photos with equal times are in no
+    /// particular order. For any other column it sorts nothing, and resets the header to the
+    /// current sort column.
     void sort(int column, Qt::SortOrder order = Qt::AscendingOrder) override;
 
-    /// Appends a file that isn't in the list yet, by the exact text of its path, and has the
-    /// metadata tool read it, which blocks until the tool has answered. Nothing is sorted.
+    /// Appends a file, unless the exact text of its path is already in the list, and reads it with
+    /// the metadata tool; blocks until the tool has answered. Doesn't sort.
     /// @param notify  send the signals of an inserted row
     void add_file(const QString &path, bool notify);
 
     /// Adds all the files, then sorts.
     void add_files(const QStringList &paths);
 
-    /// Empties the list; sort, format, shift and `exif_cache` stay.
+    /// Clears the list; sort order, format, shift and `exif_cache` stay unchanged.
     void clear();
 
-    /// Sorts again by the column and order in force.
+    /// Sorts again by the current column and order.
     void resort();
 
     /// The recording time of a loaded file, as a local time; invalid if it has none.
     QDateTime recording_time(const QString &path) const;
 
-    /// The same with the shift.
+    /// `recording_time` plus the shift.
     QDateTime new_recording_time(const QString &path) const;
 
-    /// The zone of a loaded file as the file has it, which may be none; with `apply_offset` and a
-    /// zone in the shift the zone moved by that.
+    /// The zone of a loaded file as the file has it; empty if it has none. With `apply_offset`, a
+    /// zone in the shift is added.
     QString zone_text_for(const QString &path, bool apply_offset) const;
 
     QStringList files;                              ///< full paths, in the order of the rows
     Qt::SortOrder sort_order = Qt::AscendingOrder;  ///< of the last sort carried out
-    int sort_column = -1;                           ///< of the last sort carried out; -1: none yet
-    QString display_format;                         ///< for QDateTime::toString
+    int sort_column = -1;    ///< of the last sort carried out; -1 before the first
+    QString display_format;  ///< for QDateTime::toString
     QFont header_font;
 
-    int year = 0;  ///< the shift, with the next seven: see `time_offset`
+    int year = 0;  ///< the shift, like the next seven: see `time_offset`
     int month = 0;
     int day = 0;
     int hour = 0;
@@ -79,11 +79,13 @@ public:
     bool alter_timezone = false;
 
 signals:
-    /// The header is to show this column and order again.
+    /// Sent when the header has to show this column and order again.
     void sort_order_override(int column, Qt::SortOrder order);
 
 public slots:
+    /// Shows all times in this format, for QDateTime::toString.
     void datetime_format_changed(QString format);
+    /// Applies a new shift, whose parts are those of `time_offset`.
     void datetime_offset_changed(int year, int month, int day, int hour, int minute, int second,
                                  bool alter_timezone, double timezone);
 

@@ -18,11 +18,11 @@ constexpr double smallest_zone_hours = -12.0;
 constexpr double greatest_zone_hours = 14.0;
 constexpr int zone_decimals = 2;
 
-/// The grey of the icons, lightened until it reads well on the fields (contrast 4.7 to 1).
+/// The grey of the icons, lightened until it is easy to read on the fields (contrast 4.7 to 1).
 const QColor placeholder_colour(138, 145, 142);
 
-/// Takes only what `take` can read. In the user's locale it would also take marks between groups of
-/// digits, and digits of other scripts.
+/// Accepts only what `take` can read. With the user's locale it would also accept group separators
+/// and digits of other scripts.
 QIntValidator *make_number_validator()
 {
     QLocale plain = QLocale::c();
@@ -108,7 +108,7 @@ void time_adjustment::on_lineedit_timezone_textChanged(const QString &arg1)
     emit_offset();
 }
 
-/// A style sheet gives placeholders the colour of the text when the fields are polished, which has
+/// A style sheet sets the placeholders to the text colour when the fields are polished, which has
 /// happened by now.
 void time_adjustment::showEvent(QShowEvent *event)
 {
@@ -120,7 +120,7 @@ void time_adjustment::showEvent(QShowEvent *event)
     }
 }
 
-/// The validators have no parent and live to the end of the process.
+/// The validators have no parent and live until the process ends.
 void time_adjustment::add_validators()
 {
     for (orv::lineedit *field : ui->fields()) {
@@ -133,7 +133,7 @@ void time_adjustment::add_validators()
     ui->lineedit_timezone->setValidator(zone_validator);
 }
 
-/// A text that is no number, such as a lone sign, counts as 0.
+/// A text that isn't a number, such as a single sign, counts as 0.
 void time_adjustment::take(int &field, const QString &text)
 {
     field = text.toInt();

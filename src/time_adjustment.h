@@ -16,26 +16,26 @@ class time_adjustment : public QWidget
 public:
     explicit time_adjustment(QWidget *parent);
 
-    /// Empties all fields; each that held text sends the shift once more.
+    /// Clears all fields; each field that held text sends the shift once.
     void reset();
 
-    /// Puts the keyboard into the year's field.
+    /// Gives the keyboard focus to the year field.
     void focus_first_field();
 
-    /// Whether something stands in the zone's field, be it a number or not.
+    /// Whether the zone field has any text, even if it isn't a number.
     bool timezone_given() const;
 
-    /// Sends the shift as it stands.
+    /// Sends the current shift.
     void emit_offset();
 
-    /// Gives all labels and fields the same tool tip.
+    /// Sets the same tool tip on all labels and fields.
     void set_tooltips(const QString &text);
 
 private:
-    time_adjustment_form *ui;  ///< owned; lives to the end of the process
+    time_adjustment_form *ui;  ///< owned; lives until the process ends
 
 public:
-    int year = 0;  ///< as entered, like the next six; 0 for an empty or unfinished number
+    int year = 0;  ///< as entered, like the next six; 0 if empty or incomplete
     int month = 0;
     int day = 0;
     int hour = 0;
@@ -44,12 +44,14 @@ public:
     double timezone = 0.0;  ///< hours
 
 signals:
-    /// @param alter_timezone  something stands in the zone's field
+    /// Sent with the whole shift when a field changes.
+    /// @param alter_timezone  the zone field isn't empty
     /// @param timezone  hours
     void time_offset_changed(int year, int month, int day, int hour, int minute, int second,
                              bool alter_timezone, double timezone);
 
 public slots:
+    /// Each takes the new text of the field in its name and sends the shift.
     void on_lineedit_year_textChanged(const QString &arg1);
     void on_lineedit_month_textChanged(const QString &arg1);
     void on_lineedit_day_textChanged(const QString &arg1);

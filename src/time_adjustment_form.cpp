@@ -45,7 +45,7 @@ QGridLayout *add_grid(QWidget *widget, const char *name, int margin_px)
 void time_adjustment_form::build(QWidget *panel)
 {
     build_frames(panel);
-    // The Tab key goes through the fields in the order in which they are made.
+    // The Tab key moves through the fields in the order of their creation.
     add_column(0, label, "label", tr("Year"), lineedit_year, "lineedit_year");
     add_column(1, label_2, "label_2", tr("Month"), lineedit_month, "lineedit_month");
     add_column(2, label_3, "label_3", tr("Day"), lineedit_day, "lineedit_day");
@@ -53,7 +53,7 @@ void time_adjustment_form::build(QWidget *panel)
     add_column(4, label_5, "label_5", tr("Minute"), lineedit_minute, "lineedit_minute");
     add_column(5, label_6, "label_6", tr("Second"), lineedit_second, "lineedit_second");
     add_column(6, label_7, "label_7", tr("Timezone (h)"), lineedit_timezone, "lineedit_timezone");
-    // An empty zone means something other than 0, so its field shows nothing.
+    // An empty zone isn't the same as 0, so its field has no placeholder.
     lineedit_timezone->setPlaceholderText(QString());
     gridLayout_3->addItem(new QSpacerItem(40, 20, QSizePolicy::Expanding, QSizePolicy::Minimum),
                           label_row, spacer_column);

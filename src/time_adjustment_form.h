@@ -15,13 +15,13 @@ namespace orv
 class lineedit;
 }
 
-/// The widgets of the `time_adjustment` panel. The panel owns them; their object names are those of
-/// the fields here.
+/// The widgets of the `time_adjustment` panel. The panel owns them; their object names are the
+/// names of the fields.
 struct time_adjustment_form {
     Q_DECLARE_TR_FUNCTIONS(time_adjustment)
 
 public:
-    /// Builds everything inside of `panel` and connects its slots by name.
+    /// Builds everything inside `panel` and connects its slots by name.
     void build(QWidget *panel);
 
     /// All labels and all fields, from the year to the zone.

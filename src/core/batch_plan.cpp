@@ -54,7 +54,7 @@ QString composed_iptc_time(const photo_tags &photo)
                      to_int(value_of(photo.record, "rec_month"), 0),
                      to_int(value_of(photo.record, "rec_day"), 0));
     const std::string zone = value_of(photo.record, "iptc_timezone");
-    // The minutes of the zone are lost on purpose.
+    // The minutes of the zone are dropped on purpose.
     const int offset_hours = to_int(zone, 0);
     const QTime time = time_without_zone(value_of(photo.raw_tags, iptc_time_tag.toStdString()));
     const QDateTime date_time = zone.empty()
@@ -84,7 +84,7 @@ QStringList candidate_tags(const tag_map &record)
         "XMP-photoshop:DateCreated", iptc_date_tag,        iptc_time_tag,
         "System:FileModifyDate",     inode_date_tag,       "System:FileCreateDate"};
     QStringList tags = date_tags;
-    // The tool reports the inode's date for each file, but nothing can set it.
+    // The tool reports the inode's date for every file, but nothing can set it.
     tags.removeAll(inode_date_tag);
     if (has(record, "DateTimeOriginalInIFD0")) {
         tags.removeAll(exif_recording_tag);

@@ -9,6 +9,6 @@
 /// files, system files and subfolders are left out.
 QStringList folder_files(const QString &folder);
 
-/// The paths of `names` that are files, each folder replaced by its files; what doesn't exist is
-/// left out.
+/// The paths in `names`, with each folder replaced by the files directly in it. Anything that isn't
+/// an existing file is left out.
 QStringList files_and_folder_contents(const QStringList &names);

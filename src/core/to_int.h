@@ -4,9 +4,10 @@
 
 #include <string>
 
-/// The first number in a text such as "05" or "+02:00": all but digits and "-" counts as blank.
+/// The first number in a text such as "05" or "+02:00". It begins at the first digit or "-"; the
+/// characters before that are skipped.
 ///
-/// A text without any of these gives `default_value`. One that starts with a "-" and no digit
-/// behind it throws `std::invalid_argument`, a number that an int doesn't hold
-/// `std::out_of_range`.
+/// A text without a digit or "-" gives `default_value`. Throws `std::invalid_argument` if the
+/// number begins with a "-" that isn't followed by a digit, and `std::out_of_range` if it doesn't
+/// fit in an int.
 int to_int(const std::string &text, int default_value);

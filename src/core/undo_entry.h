@@ -4,9 +4,9 @@
 
 #include <QString>
 
-/// One remembered tag of a file.
+/// The saved state of one tag of a file.
 struct undo_entry {
     QString tag;           ///< with its group, such as "IPTC:DateCreated"
     bool existed = false;  ///< the file had the tag when it was read
-    QString value;         ///< to write back; empty, which removes the tag, if it didn't exist
+    QString value;         ///< to write back; empty if the tag didn't exist, which removes it
 };

@@ -8,7 +8,7 @@
 namespace
 {
 
-// The last float below the end of a 32-bit int.
+// The greatest float that fits in a 32-bit int.
 constexpr float greatest_hours = 2147483520.0F;
 
 float bounded(float hours)

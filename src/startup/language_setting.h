@@ -4,9 +4,9 @@
 
 #include <QString>
 
-/// The key of the settings that holds the language.
+/// The settings key of the language.
 constexpr char language_key[] = "lang";
 
-/// The language stored under `key`, as it stands there; where nothing is stored, "de" on a German
-/// system and "en" on any other. Nothing is written back.
+/// The language stored under `key`, unchanged. If none is stored: "de" on a German system, "en" on
+/// any other. Nothing is written back.
 QString language_setting(const QString &key);

@@ -19,7 +19,8 @@ namespace
 constexpr int tooltip_delay_ms = 2000;
 constexpr int program_icon_sizes[] = {16, 24, 32, 48, 64, 128, 256};  ///< pixels
 
-/// The main window's text colour reaches the file dialog; on light surfaces it couldn't be read.
+/// The file dialog inherits the main window's text colour, which would be unreadable on light
+/// surfaces.
 QPalette dark_palette()
 {
     const QColor surface(47, 47, 47);
@@ -42,7 +43,7 @@ QPalette dark_palette()
     return palette;
 }
 
-/// A catalogue that can't be loaded is no failure: the texts stay English.
+/// A catalogue that can't be loaded isn't an error: the texts stay English.
 void install_translator(const QString &catalogue, const QString &folder = QString())
 {
     auto *translator = new QTranslator;
@@ -65,7 +66,7 @@ void prepare_application()
     set_identity();
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling, true);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps, true);
-    // Nothing here is drawn with OpenGL; its drivers would double the memory.
+    // Nothing here is drawn with OpenGL; its drivers would double the memory use.
     QCoreApplication::setAttribute(Qt::AA_ForceRasterWidgets, true);
 }
 

@@ -8,23 +8,23 @@ class QString;
 /// object.
 void set_identity();
 
-/// What goes ahead of the application object: the names, and how Qt is to draw.
+/// Sets the names, and how Qt draws. Requires: no application object exists yet.
 void prepare_application();
 
-/// Gives the application the style in which tool tips take two seconds to show, and dark colours
-/// for what has no style sheet of its own, such as the file dialog. Needs the application object,
-/// which owns the style.
+/// Gives the application a style that shows tool tips after two seconds, and dark colours for
+/// everything without its own style sheet, such as the file dialog. Requires: the application
+/// object, which owns the style.
 void install_style();
 
-/// Gives all windows the program's icon, and message boxes and Qt's file dialog icons of the skin's
-/// own. The desktop's icons stand behind these. Needs the application object.
+/// Gives all windows the program's icon, and message boxes and Qt's file dialog the skin's icons;
+/// the desktop's icons are the fallback. Requires: the application object.
 void install_icons();
 
-/// Installs the texts of Qt, of the program and of the widget kit in a language such as "de". Texts
-/// without a catalogue stay as they are in the source, which is English. The translators live to
-/// the end of the process.
+/// Installs the translations of Qt, the program and the widget kit for a language such as "de".
+/// Texts without a catalogue stay as in the source, in English. The translators live until the
+/// process ends. Requires: the application object.
 void install_translators(const QString &language);
 
-/// Adds the program's fonts. The bold one calls itself "FreeSans" like the plain one, so its family
-/// "FreeSansBold" is made known as another name of that. Needs the application object.
+/// Adds the program's fonts. The bold one names its family "FreeSans", as the regular one does, so
+/// "FreeSansBold" is registered as another name for that family. Requires: the application object.
 void add_fonts();
