@@ -10,8 +10,8 @@
 namespace orv
 {
 
-/// The application object: passes the events that it gets on to the main window too, since that is
-/// where a system sends the files to open, and stands on the stack of source places while it works.
+/// The application object. It also passes its events to the main window, since systems report files
+/// to open to the application. While it works, it has a frame on the stack of source locations.
 /// @tparam MainWindowClass  a QMainWindow with a public `event`
 template <class MainWindowClass>
 class application : public QApplication
@@ -19,13 +19,13 @@ class application : public QApplication
 public:
     application(int &argc, char **argv) : QApplication(argc, argv)
     {
-        // The first frame of all: it brings the signal handlers up.
+        // The first frame of all, so it installs the signal handlers.
         const qor::trace_scope frame("orv_toolkit/orv/application_common", 19,
                                      "orv::application<MainWindowClass>::application(int&, char**) "
                                      "[with MainWindowClass = MainWindow]");
     }
 
-    /// As QApplication; a visible main window sees the event first, and what it answers is ignored.
+    /// Like QApplication, but a visible main window gets the event first; its result is ignored.
     bool event(QEvent *e) override
     {
         const qor::trace_scope frame("orv_toolkit/orv/application_common", 24,
@@ -39,7 +39,7 @@ public:
     MainWindowClass *main_window = nullptr;  ///< borrowed; null until the window has been built
 };
 
-/// The platform's style with other times for tool tips.
+/// The platform's style with different times for tool tips.
 class proxy_style : public QProxyStyle
 {
     Q_OBJECT
@@ -52,11 +52,14 @@ public:
                   const QWidget *widget = nullptr,
                   QStyleHintReturn *return_data = nullptr) const override;
 
-    int tooltip_delay = 0;     ///< milliseconds until a tool tip shows
-    int tooltip_cooldown = 0;  ///< milliseconds until a tool tip falls asleep
+    int tooltip_delay = 0;     ///< milliseconds until a tool tip appears
+    int tooltip_cooldown = 0;  ///< milliseconds until the delay applies again
 
 public slots:
+    /// Sets `tooltip_delay`, in milliseconds.
     void set_tooltip_delay(int delay);
+
+    /// Sets `tooltip_cooldown`, in milliseconds.
     void set_tooltip_cooldown(int delay);
 };
 

@@ -8,9 +8,10 @@
 namespace orv
 {
 
-/// The source components of this build by name, with their versions: for "application" the tag, the
-/// number of commits since and the commit, such as "v2.0.2-0-g6765420", for the others the commit
-/// that touched them last. A build from something else than a repository has zeros for a commit.
+/// The source components of this build by name, with their versions. For "application" the version
+/// is the tag, the number of commits since the tag, and the commit, such as "v2.0.2-0-g6765420".
+/// For the others it is the last commit that touched them. In a build outside a repository the
+/// commits are zeros.
 extern const std::map<std::string, std::string> build_components;
 
 }  // namespace orv

@@ -14,11 +14,11 @@ namespace orv
 /// The version of the application among `build_components`; empty if it isn't there.
 std::string version_string();
 
-/// A line for each of `build_components`, in the order of their names, in UTF-8.
+/// One line for each of `build_components`, sorted by name, in UTF-8.
 std::string component_table();
 
-/// Shows a message box that says for the support what runs here: the system, the ABI, the compiler
-/// and the components. The same in every language. Returns when the user has closed it.
+/// Shows a message box with the information that support needs: the system, the ABI, the compiler
+/// and the components. It isn't translated. Returns when the user has closed it.
 /// @param parent  may be null
 void show_application_information(QWidget *parent);
 

@@ -8,11 +8,11 @@
 namespace orv
 {
 
-/// A flat button that flashes for a fifth of a second when it is clicked: by a frame in its style
-/// sheet, or, if it was given a rectangle, by painting that. It takes no keyboard focus.
+/// A flat button that flashes for a fifth of a second when it is clicked: with a frame in its style
+/// sheet or, if it was given a rectangle, by painting that. It takes no keyboard focus.
 ///
-/// It doesn't behave as a push button does at the release: wherever the mouse is let go, it counts
-/// as a click, and the button stays down.
+/// Note: unlike in a push button, releasing the mouse anywhere counts as a click, and the button
+/// stays down.
 class button : public QPushButton
 {
     Q_OBJECT
@@ -21,11 +21,12 @@ public:
     button(QString text, QWidget *parent);
 
     /// A button without text that paints its flash.
-    /// @param rect  becomes `highlight_rect` with left and top grown by 4, right and bottom by 1
+    /// @param rect  becomes `highlight_rect`, with 4 pixels added to left and top, 1 to right and
+    ///              bottom
     button(QWidget *parent, QRect rect);
 
-    bool highlight = false;  ///< the flash shows
-    QRect highlight_rect;    ///< where it is painted; invalid: the style sheet flashes
+    bool highlight = false;  ///< the flash is visible
+    QRect highlight_rect;    ///< where it is painted; if invalid, the style sheet flashes
 
 public slots:
     /// Ends the flash.

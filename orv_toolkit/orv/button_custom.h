@@ -11,7 +11,7 @@ class QPainter;
 namespace orv
 {
 
-/// A button that leaves all its painting to a function; without one it shows nothing.
+/// A button that is painted entirely by a function; without one it shows nothing.
 class button_custom : public QPushButton
 {
     Q_OBJECT

@@ -39,8 +39,8 @@ constexpr char checked_face_sheet[] = "QPushButton::checked{border-style:none;bo
 constexpr double frame_width_px = 2.0;
 const QColor frame_colour(129, 136, 133, 255);
 
-/// The picture of a path as a screen needs it: with two device pixels to one where a screen has
-/// more than one and the variant NAME@2x exists.
+/// The picture at a path in the resolution of the screens: the variant NAME@2x, with two device
+/// pixels per pixel, if it exists and a screen has more than one.
 QImage picture_for_screen(const QString &path)
 {
     const QFileInfo file(path);
@@ -64,7 +64,7 @@ QSize shown_size(const QImage &image)
     return image.size() / image.devicePixelRatio();
 }
 
-/// Calls `change(pixel)` for each pixel of a picture in the format ARGB32.
+/// Calls `change(pixel)` for each pixel. Requires: the format of the picture is ARGB32.
 template <class Change>
 void for_each_pixel(QImage &image, Change change)
 {
@@ -93,8 +93,8 @@ int distance(pixel_argb a, pixel_argb b)
     return std::abs(a.blue - b.blue) + std::abs(a.green - b.green) + std::abs(a.red - b.red);
 }
 
-/// The pixel closest to `colour`, the first of equal ones; opaque black where none is closer than
-/// the greatest distance that there is.
+/// The pixel closest to `colour`, or the first of several; opaque black if all are at the greatest
+/// possible distance.
 pixel_argb closest_pixel(QImage &image, pixel_argb colour)
 {
     pixel_argb closest;
@@ -114,7 +114,7 @@ std::uint8_t moved(std::uint8_t channel, int delta)
     return static_cast<std::uint8_t>(std::clamp(channel + delta, 0, 255));
 }
 
-/// Where something of the length `inner` starts in the middle of `outer`.
+/// Where something of the length `inner` starts when it is centred in `outer`.
 int centred(int outer, int inner)
 {
     return (outer - inner) / 2;
@@ -164,7 +164,7 @@ button_dark::img_highlighter::get_custom_paint_ex(int x, int y)
 {
     return [this, x, y](QPainter &painter, QPushButton *button) {
         const auto *bd = qobject_cast<button_dark *>(button);
-        if (!bd)  // the number is the one that reports know, as in `trace_scope`
+        if (!bd)  // the line number that reports use, as in `trace_scope`
             qor::assertion_failed("bd", "../orv_toolkit/orv/button_dark", 211,
                                   "orv::button_dark::img_highlighter::get_custom_paint_ex(int, "
                                   "int)::<lambda(QPainter&, QPushButton*)>");
@@ -179,7 +179,7 @@ button_dark::img_highlighter::get_custom_paint_ex(int x, int y)
     };
 }
 
-/// Null before the first picture.
+/// Null before a picture is loaded.
 const QImage *button_dark::img_highlighter::image_for(const button_dark &button) const
 {
     if (!button.isEnabled())
@@ -301,7 +301,7 @@ void button_dark::rebuild_sheet()
     QString sheet = sheet_template;
     if (use_checked_sheet)
         sheet += sheet_checked;
-    // One after the other: a "%2" in the name of a skin stands for the alignment too.
+    // Two calls, not one: a "%2" in the name of a skin is replaced by the alignment too.
     sheet = sheet.arg(skin);
     setStyleSheet(sheet.arg(text_align));
 }

@@ -15,17 +15,17 @@ class QPainter;
 namespace orv
 {
 
-/// The button of the main screens: a nine-slice face from the resources and an icon of one colour
-/// that is recoloured by state. It takes no keyboard focus.
+/// The button of the main screens: a nine-slice face from the resources, and an icon whose colour
+/// depends on the state. It takes no keyboard focus.
 class button_dark : public QPushButton
 {
     Q_OBJECT
 
 public:
-    /// An icon in the three colours of a button's states, made from one picture.
+    /// An icon in three colours, one for each state of a button, made from one picture.
     ///
-    /// The picture is either recoloured flat, so that only its alpha counts, or tinted: its colours
-    /// are moved by the distance from the normal to the hot colour.
+    /// The picture is either recoloured flat, so that only its alpha channel matters, or tinted:
+    /// its colours are shifted by the difference between the normal and the hot colour.
     class img_highlighter
     {
     public:
@@ -36,17 +36,18 @@ public:
         img_highlighter(const img_highlighter &) = delete;
         img_highlighter &operator=(const img_highlighter &) = delete;
 
-        /// Takes colours and path and rebuilds, once with each path: first with the old one.
+        /// Sets colours and path. Note: rebuilds twice, first with the old path, then with the new
+        /// one.
         void show(const QString &new_path, pixel_argb hot, pixel_argb normal);
 
-        /// Loads the picture at `path` and colours it for each state; without a path nothing is
-        /// done. A picture that can't be loaded paints nothing and has the width 0. Where a screen
-        /// has more than one device pixel to a pixel, NAME@2x is loaded in place of NAME if it
+        /// Loads the picture at `path` and colours it for each state; does nothing if the path is
+        /// empty. A picture that can't be loaded paints nothing and has the width 0. If a screen
+        /// has more than one device pixel per pixel, NAME@2x is loaded instead of NAME if it
         /// exists.
         void rebuild();
 
-        /// A painter of the icon for a `button_dark`; any other button ends the program. It borrows
-        /// this object, which must outlive it.
+        /// A function that paints the icon in a `button_dark`; any other button ends the program.
+        /// Requires: this object, which the function borrows, outlives it.
         /// @param x, y  the icon's top left corner in the button, -1 for centred on that axis
         paint_function get_custom_paint_ex(int x, int y);
 
@@ -68,30 +69,34 @@ public:
     explicit button_dark(QWidget *parent);
     button_dark(QString text, QWidget *parent);
 
-    /// @param name  stem of the face's pictures: "dark" or "header"
+    /// Changes the face.
+    /// @param name  the start of its pictures' names: "dark" or "header"
     void set_skin(QString name);
 
+    /// Aligns the text.
     /// @param align  a value of the style sheet property text-align
     void set_text_align(QString align);
 
-    /// Fixes the width to that of the icon with `left` and `right` pixels beside it.
+    /// Fixes the width to that of the icon plus `left` and `right` pixels beside it.
     void fit_width(int left, int right);
 
+    /// Sets `draw_frame_when_checked`, `use_checked_sheet` and `hot_when_checked`.
     void set_flags(bool draw_frame, bool use_checked, bool hot_checked);
 
-    /// Shows the picture at the resource path `path`, in `hot` under the mouse and in `normal`
-    /// else.
+    /// Shows the picture at the resource path `path`, in `hot` under the mouse, otherwise in
+    /// `normal`.
     /// @param x, y  the icon's top left corner in the button, -1 for centred on that axis
     void set_icon(QString path, int x, int y, pixel_argb hot, pixel_argb normal);
 
-    /// As `set_icon`, but tinted.
+    /// Like `set_icon`, but tinted.
     void set_tinted_icon(QString path, int x, int y, pixel_argb hot, pixel_argb normal);
 
-    /// Shows another icon while the button is checked, and takes the checked face out of use from
-    /// the next style sheet on. Goes after `set_icon`, which would replace it.
+    /// Shows another icon while the button is checked. From the next change of the style sheet on,
+    /// the checked face isn't used. Requires: called after `set_icon`, which would replace the
+    /// other icon.
     void set_checked_icon(QString path, int x, int y, pixel_argb hot, pixel_argb normal);
 
-    /// As `set_checked_icon`, but tinted.
+    /// Like `set_checked_icon`, but tinted.
     void set_tinted_checked_icon(QString path, int x, int y, pixel_argb hot, pixel_argb normal);
 
     QString sheet_template;
@@ -102,10 +107,10 @@ public:
     QString text_align = default_align;
     img_highlighter icon;
     img_highlighter checked_icon;
-    bool draw_frame_when_checked = false;
-    bool hot_when_checked = true;
-    bool use_checked_sheet = true;
-    bool allow_uncheck = false;  ///< a click on the checked button of an exclusive group unchecks
+    bool draw_frame_when_checked = false;  ///< the icon's painter adds a frame
+    bool hot_when_checked = true;          ///< the icon is also hot while the button is checked
+    bool use_checked_sheet = true;         ///< false: the face doesn't change when checked
+    bool allow_uncheck = false;  ///< clicking the checked button of an exclusive group unchecks it
     std::function<void(QPainter &)> paint_callback;
     std::function<void(QPainter &, QPushButton *)> paint_callback_ex;
 

@@ -7,13 +7,13 @@
 namespace orv
 {
 
-/// A button that shows rich text, drawn once into its icon; it flashes by its style sheet.
+/// A button that shows rich text, drawn once into its icon; it flashes with its style sheet.
 class button_html : public button
 {
     Q_OBJECT
 
 public:
-    /// @param html  in the subset that QTextDocument knows
+    /// @param html  in the subset that QTextDocument supports
     button_html(QString html, QWidget *parent);
     explicit button_html(QWidget *parent);
 };

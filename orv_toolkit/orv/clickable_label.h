@@ -16,7 +16,7 @@ public:
     using QLabel::QLabel;
 
 signals:
-    /// Sent at the press, not at the release.
+    /// Sent when the button is pressed, not when it is released.
     void clicked();
 
 protected:

@@ -15,8 +15,9 @@ namespace
 constexpr int row_height_px = 20;
 constexpr int list_border_px = 1;
 
-/// Rows that fill the list within its border, also that of a single row. Qt's own delegate draws
-/// them as those of a menu instead: too tall for the list, and past the sheet's rules for items.
+/// Draws rows that fill the list inside its border, even if there is only one. Qt's own delegate
+/// draws them like those of a menu: too tall for the list, and without the style sheet's rules for
+/// items.
 class row_delegate : public QStyledItemDelegate
 {
 public:
@@ -31,7 +32,7 @@ public:
     }
 };
 
-/// Hides what Qt puts above and below a list that it scrolls, which would take the room of a row.
+/// Hides the scroll arrows that Qt puts above and below a list, which would take the room of a row.
 void hide_scroll_marks(const QFrame &popup, const QWidget *list)
 {
     const auto parts = popup.findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly);

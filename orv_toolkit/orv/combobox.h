@@ -7,7 +7,7 @@
 namespace orv
 {
 
-/// A combo box whose list is as tall as its items, addressed in style sheets as `orv--combobox`.
+/// A combo box whose list is as tall as its items. Style sheets can address it as `orv--combobox`.
 class combobox : public QComboBox
 {
     Q_OBJECT
@@ -15,13 +15,14 @@ class combobox : public QComboBox
 public:
     explicit combobox(QWidget *parent = nullptr);
 
-    /// As QComboBox, then 20 pixels a row whatever `maxVisibleItems` says.
+    /// Like QComboBox, but the list shows all rows, 20 pixels each, regardless of
+    /// `maxVisibleItems`.
     void showPopup() override;
 
-    /// The skin of a combo box; whoever makes one sets it.
+    /// The skin of a combo box; the code that creates one has to set it.
     static const char sheet[];
 
-    bool wheel_disabled = false;  ///< true: the mouse wheel doesn't change the choice
+    bool wheel_disabled = false;  ///< true: the mouse wheel doesn't change the selection
 
 protected:
     void wheelEvent(QWheelEvent *event) override;

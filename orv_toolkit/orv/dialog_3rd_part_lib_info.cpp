@@ -24,7 +24,7 @@ namespace properties = qor::qt::properties;
 constexpr char qt_version[] = "5.6.2";
 
 constexpr char heading_sheet[] = "font-size:16px;";
-constexpr int heading_measure_px = 20;  // above the size shown, for some room
+constexpr int heading_measure_px = 20;  // larger than the font shown, to leave some room
 
 constexpr char name_sheet[] = "font-size:14px; font-weight:bold;";
 constexpr int name_px = 14;
@@ -53,8 +53,8 @@ void add_text(qor::qt::layout &rows, const QString &text, const char *sheet, int
     rows.row_height() = height;
 }
 
-/// Adds the text as the last row, and returns the size that it takes. Its sides are crossed on
-/// purpose: the limit of the width makes the height, and the other way round.
+/// Adds the text as the last row and returns the size that it takes. The sides are swapped on
+/// purpose: the width is computed from the editor's height and its limit, and vice versa.
 QSize add_license(qor::qt::layout &rows, const QString &text)
 {
     auto *editor = new QTextEdit;

@@ -14,7 +14,7 @@
 namespace orv
 {
 
-/// Lists the libraries that the program uses, Qt as the first.
+/// The dialog that lists the libraries that the program uses, Qt first.
 class dialog_3rd_part_lib_info : public QDialog
 {
     Q_OBJECT
@@ -22,17 +22,17 @@ class dialog_3rd_part_lib_info : public QDialog
 public:
     explicit dialog_3rd_part_lib_info(QWidget *parent);
 
-    /// Lays the entries out and shows the dialog until it is closed. Only to be called once, since
-    /// each call adds the entries.
+    /// Lays out the entries and shows the dialog until it is closed. Requires: called only once,
+    /// since each call adds the entries.
     int exec() override;
 
-    /// The rows of one entry, for a widget of its own; fills the entry's `width` and `height`. A
-    /// license that can't be opened shows a text that says so.
+    /// The rows of one entry, for a separate widget; sets the entry's `width` and `height`. If a
+    /// license can't be opened, a text says so.
     std::unique_ptr<qor::qt::layout> entry_layout(library_entry &entry);
 
     std::vector<library_entry> libraries;  ///< may be appended to before `exec`
     qor::qt::layout *layout;               ///< this dialog's
-    QSize heading_size;                    ///< pixels that the heading gets, more than it takes
+    QSize heading_size;                    ///< pixels reserved for the heading, more than it needs
     int margin_px = 5;                     ///< around the heading and around each entry
 
 private:

@@ -64,7 +64,7 @@ QWidget *make_header()
 
 QLabel *make_version()
 {
-    // Nothing stands behind the word size.
+    // Nothing follows the word size.
     const QString build = QString(" - %1 Bit %2").arg(word_bits).arg(QString());
     return new QLabel(QCoreApplication::applicationVersion() + build);
 }
@@ -116,7 +116,7 @@ void dialog_about::lay_out()
     grid->addWidget(make_heading(tr("Version:")), 0, 0);
     grid->addWidget(make_version(), 0, 1, Qt::AlignLeft);
     root->addSpacing(gap_px);
-    // The source text is German in all languages.
+    // The text is German in all languages.
     grid->addWidget(make_heading(tr("Webseite:")), 1, 0);
     grid->addWidget(make_website(), 1, 1);
 

@@ -9,21 +9,21 @@
 namespace orv
 {
 
-/// Says what program this is: logo, version, the maker's address, a link to the list of libraries.
+/// The about dialog: logo, version, the maker's website, and a link to the list of libraries.
 class dialog_about : public QDialog
 {
     Q_OBJECT
 
 public:
-    /// @param list_metadata_tool  the list of libraries names the metadata tool too
+    /// @param list_metadata_tool  the list of libraries includes the metadata tool
     dialog_about(QWidget *parent, bool list_metadata_tool);
 
-    /// Shows the libraries over `about` until the list is closed.
-    /// @param tool_user  who is said to use the metadata tool, as the start of a sentence; empty:
-    ///                   the tool isn't listed
+    /// Shows the list of libraries over `about` until the user closes it.
+    /// @param tool_user  the name at the start of the sentence that says who uses the metadata
+    ///                   tool; empty: the tool isn't listed
     static void show_libraries(dialog_about *about, const QString &tool_user);
 
-    /// Called at the click on the link; where it is empty, the link does nothing.
+    /// Called when the link is clicked; if it is empty, the link does nothing.
     std::function<void(dialog_about *)> third_party_info;
 
 private:

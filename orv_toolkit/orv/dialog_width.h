@@ -5,7 +5,7 @@
 namespace orv
 {
 
-/// The width that a dialog gets for one that would do: 1.2 times that, truncated. In pixels.
+/// The width of a dialog in pixels: 1.2 times the width that its content needs, truncated.
 inline int dialog_width(int sufficient_width)
 {
     return static_cast<int>(sufficient_width * 1.2);

@@ -56,7 +56,7 @@ bool ends_with_marker(const QByteArray &bytes, const QByteArray &marker)
                        static_cast<std::size_t>(marker.size())) == 0;
 }
 
-std::function<void()> on_request_sent;  ///< outlives the tool, which uses it to its end
+std::function<void()> on_request_sent;  ///< outlives the tool, which uses it until its end
 
 void tell_request_sent()
 {
@@ -118,7 +118,7 @@ exiftool::exiftool(construction_key) : ready_marker(ready_text)
         std::cerr << "Exiftool executable " << path.toStdString() << " does not exist..."
                   << std::endl;
 
-    // The child reads its arguments from standard input; what follows -common_args holds for each
+    // The child reads its arguments from standard input; those after -common_args apply to every
     // request.
     const QStringList arguments = {"-stay_open",   "True",  "-@", "-",
                                    "-common_args", "-args", "-f", "-sort"};
@@ -133,7 +133,7 @@ exiftool::exiftool(construction_key) : ready_marker(ready_text)
     started = proc->waitForStarted(start_timeout_ms);
     if (!started)
         print_line("Error: Could not start Exiftool...");
-    // Left open, the process object would take the bytes of a write although nobody reads them.
+    // If left open, the process object would accept written bytes although nothing reads them.
     if (!started && proc->state() == QProcess::NotRunning)
         proc->close();
 }
@@ -157,7 +157,7 @@ void exiftool::shut_down()
     if (!quits_in_time()) {
         print_line("Exiftool didn't quit in time. Killing it.");
         proc->kill();
-        proc->waitForFinished();  // Qt reports a process that outlives its object
+        proc->waitForFinished();  // Qt warns of a process that outlives its object
     }
 }
 
@@ -235,8 +235,8 @@ bool exiftool::quits_in_time()
     return proc->waitForFinished(quit_timeout_ms);
 }
 
-/// Each attempt offers the whole length again, from behind what the attempts before have counted;
-/// a failed one counts as -1. The margins keep that window inside of the buffer.
+/// Each attempt offers the whole length again, starting after the bytes that the earlier attempts
+/// have counted; a failed one counts as -1. The margins keep that range inside the buffer.
 void exiftool::write_to_proc(const QString &text)
 {
     const QByteArray bytes = text.toLocal8Bit();
@@ -247,7 +247,7 @@ void exiftool::write_to_proc(const QString &text)
     int tries = 0;
     do {
         const char *data = offered.constData() + max_write_tries + written;
-        // Qt reports a write to a closed device on standard error besides.
+        // For a write to a closed device, Qt would also print a warning to standard error.
         const int result = proc->isOpen() ? static_cast<int>(proc->write(data, wanted)) : -1;
         if (result == -1)
             print_line("[write_to_proc] proc->write() failed (rc=-1)");

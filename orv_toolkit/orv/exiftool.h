@@ -18,81 +18,82 @@ namespace orv
 {
 
 /// The metadata tool, run as one long-lived child process in its stay-open mode (exiftool(1),
-/// option -stay_open), and the requests that the program makes of it.
+/// option -stay_open), and the requests that the program sends to it.
 ///
-/// Lives on the GUI thread. A request is a run of lines on the child's standard input, one
-/// argument a line, closed by "-execute"; the answer on its standard output ends in "{ready}".
-/// Each request blocks until that marker has come, without a limit and without running the event
-/// loop; a child that dies meanwhile leaves the caller waiting. Diagnostics go to the standard
-/// streams, a line each; nothing here speaks to the user and nothing throws but a failed lock.
+/// Lives on the GUI thread. A request is a series of lines on the child's standard input, one
+/// argument per line, the last one "-execute"; the reply on its standard output ends in "{ready}".
+/// Each request blocks until that marker has arrived, without a time limit and without running the
+/// event loop. Note: if the child dies meanwhile, the caller waits forever. Diagnostics go to the
+/// standard streams, one line each. Nothing here shows anything to the user, and only a failed lock
+/// throws.
 ///
-/// What goes down the pipe is encoded for the system's locale, what comes up is read as UTF-8. A
-/// path or a value with a line end breaks the framing: nothing guards against it.
+/// Requests are encoded for the system's locale, replies are read as UTF-8. Requires: no path or
+/// value contains a line end, which would break the format; nothing checks this.
 class exiftool : public QObject
 {
     Q_OBJECT
 
-    /// Keeps the constructor to `instance`, which make_shared couldn't reach if it were private.
+    /// Reserves the constructor for `instance`; if it were private, make_shared couldn't call it.
     struct construction_key {
         explicit construction_key() = default;
     };
 
 public:
-    /// The one object, made at the first call, which starts the tool: "exiftool.exe" in the folder
-    /// of the program. It is destroyed at the end of the process, which ends the tool; a signal
-    /// inside of a request has the tool quit behind that request.
+    /// The only instance. The first call creates it and starts the tool: "exiftool.exe" in the
+    /// folder of the program. It is destroyed when the process ends, and that ends the tool; after
+    /// a signal during a request the tool finishes the request, then quits.
     static std::shared_ptr<exiftool> instance();
 
-    /// Calls `action` each time that a part of a request has gone down to the tool: what it does
-    /// then costs no time, since the tool works meanwhile. Calls it too when a part can't go down,
-    /// and whenever a wait for the reply fails. `action` must make no request and run no event
-    /// loop; an empty one ends the calls. Doesn't start the tool.
+    /// Calls `action` from now on each time that a part of a request has been sent to the tool: its
+    /// work then costs no time, since the tool works meanwhile. Also calls it when a part can't be
+    /// sent, and whenever a wait for the reply fails. An empty `action` ends the calls. Doesn't
+    /// start the tool. Requires: `action` makes no request and runs no event loop.
     static void set_request_sent(std::function<void()> action);
 
-    /// For `instance` alone. A tool that can't be started is reported on the standard streams;
-    /// from then on reads give no tags and writes seem to succeed.
+    /// Only for `instance`. A tool that can't be started is reported on the standard streams. Note:
+    /// from then on reads give no tags, and writes seem to succeed.
     explicit exiftool(construction_key);
 
-    /// Asks the tool to quit and waits up to five seconds for it; then it is killed. Does nothing
-    /// if that was done already, at the end of the process.
+    /// Asks the tool to quit, waits up to five seconds for it, then kills it. Does nothing if that
+    /// has been done already, at the end of the process.
     ~exiftool() override;
 
-    /// All tags of a file, or what the tool's reply held of them: an unreadable file gives few or
-    /// none, a tool that didn't start none.
+    /// All tags of a file, as far as the tool's reply contains them: few or none for an unreadable
+    /// file, none if the tool didn't start.
     /// @param group_names  put the group of each tag before its name ("IFD0:ModifyDate")
     /// @param print_result  write the path and the tags to standard output as well
     tag_map read_tags(const QString &file, bool group_names, bool print_result);
 
     /// Writes the given tags into the file, in place and without a backup copy; an empty value
     /// removes its tag. False if the tool reported that the file wasn't updated due to errors; true
-    /// for every other answer, a tool that didn't start included.
+    /// for every other reply. Note: also true if the tool didn't start.
     bool write_tags(const QString &file, const tag_map &tags);
 
-    /// The request of `write_tags`, with `tag_lines` as ready-made "-Name=Value" lines, each with
-    /// its line end.
+    /// Like `write_tags`, with the tags as complete "-Name=Value" lines, each with its line end.
     bool execute_write(const QString &file, const QString &tag_lines);
 
     /// Sets "Software" and "CreatorTool" in `tags` to the program's signature.
     void add_software_tags(tag_map &tags);
 
-    /// `tags`, read without groups, less those that the tool reports but can't write; without
-    /// `keep_file_names` also less "FileName" and "Directory".
+    /// `tags` without those that the tool reports but can't write; if `keep_file_names` is false,
+    /// also without "FileName" and "Directory". Requires: the tags were read without groups.
     tag_map copyable_tags(const tag_map &tags, bool keep_file_names);
 
     /// Writes the program's signature into the file, and nothing else.
     void stamp_software(const QString &file);
 
-    /// Silences the warning of a slow reply and leaves standard error unread. Off at the start.
+    /// If on, slow replies cause no warning, and the tool's standard error isn't read. Off at the
+    /// start.
     void set_quiet(bool on);
 
 private:
-    /// What a request holds from its first step to its last.
+    /// Locks the tool, and marks it as busy, from the first step of a request to the last.
     class request;
 
-    /// Ends the tool at the end of the process also where the destructor doesn't run: a function
-    /// that a signal interrupts never gives its pointer back. Inside of a request the tool is asked
-    /// to quit, but not killed, however long it takes; a photo that it is writing would be cut
-    /// short.
+    /// Ends the tool when the process ends, even if the destructor doesn't run: a function that is
+    /// interrupted by a signal never releases its pointer. During a request the tool is asked to
+    /// quit but not killed, however long it takes; killing it could cut short a photo that it is
+    /// writing.
     struct end_of_process_guard {
         const std::shared_ptr<exiftool> &tool;
         ~end_of_process_guard();
@@ -106,14 +107,14 @@ private:
     void relay_exit_output();
 
     QProcess *proc = nullptr;  ///< child of this
-    bool started = false;      ///< stays true when the child dies later
-    int exit_code = 0;         ///< only shown at the shut-down, as it stands
-    int exit_status = 0;       ///< likewise
+    bool started = false;      ///< stays true if the child dies later
+    int exit_code = 0;         ///< only printed at the shut-down; never set
+    int exit_status = 0;       ///< the same
     const QString ready_marker;
     bool quiet = false;
     bool is_shut_down = false;
-    std::atomic<bool> request_runs = false;  ///< a signal's handler asks for it
-    std::mutex mutex;                        ///< held for each whole request with its reply
+    std::atomic<bool> request_runs = false;  ///< read when a signal ends the process
+    std::mutex mutex;                        ///< held during each request, until its reply is read
 };
 
 }  // namespace orv

@@ -12,7 +12,7 @@ struct library_entry {
     QString name;              ///< shown in bold
     QString note;              ///< shown below the name; may have several lines
     QString license_resource;  ///< path of a text in UTF-8 to show below; empty for none
-    int width = 0;             ///< pixels, with the next one: filled when the entry is laid out
+    int width = 0;             ///< pixels, like the next one; set when the entry is laid out
     int height = 0;
 };
 

@@ -7,7 +7,7 @@
 namespace orv
 {
 
-/// An input line that style sheets can address as `orv--lineedit`.
+/// An input field that style sheets can address as `orv--lineedit`.
 class lineedit : public QLineEdit
 {
     Q_OBJECT
@@ -15,11 +15,12 @@ class lineedit : public QLineEdit
 public:
     using QLineEdit::QLineEdit;
 
-    /// The skin of an input line; whoever makes one sets it.
+    /// The skin of an input field; the code that creates one has to set it.
     static const char sheet[];
 
 protected:
-    /// As QLineEdit, in a menu of the program's skin whatever the sheets of the widgets around say.
+    /// Like QLineEdit, but the menu has the program's skin regardless of the surrounding widgets'
+    /// sheets.
     void contextMenuEvent(QContextMenuEvent *event) override;
 };
 

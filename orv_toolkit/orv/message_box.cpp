@@ -36,12 +36,12 @@ constexpr char icon_label_sheet[] =
 
 constexpr char text_label_name[] = "qt_msgbox_label";
 
-/// The frame that QDialog assumes when it places a dialog and knows none.
+/// The frame that QDialog assumes when it places a dialog whose frame it doesn't know.
 constexpr QMargins usual_frame_px(10, 40, 10, 10);
 
-/// The frame that the window manager will put around a box, which can't be asked for before the box
-/// is on the screen. The frame of the box's owner is the same, unless the owner isn't shown or
-/// fills the screen, where frames are left out or trimmed.
+/// The frame that the window manager will put around a box; it isn't known before the box is on the
+/// screen. The frame of the box's owner is the same, unless the owner isn't shown, or fills the
+/// screen and so has no frame or a trimmed one.
 QMargins expected_frame(const QWidget *owner)
 {
     if (!owner || !owner->isVisible() || owner->isMaximized() || owner->isFullScreen())
@@ -52,7 +52,7 @@ QMargins expected_frame(const QWidget *owner)
             outer.bottom() - inner.bottom()};
 }
 
-/// The screen on which QDialog brings up a box.
+/// The screen on which QDialog shows a box.
 const QScreen &screen_of_box(const QWidget *owner)
 {
     const QScreen *screen = owner ? owner->screen() : QGuiApplication::screenAt(QCursor::pos());
@@ -127,7 +127,7 @@ message_box::message_box(QWidget *parent, Icon icon, const QString &title, const
     add_standard_buttons(*this, buttons, default_button);
 }
 
-/// QMessageBox makes its layout again for a style, with its own label.
+/// When the style changes, QMessageBox makes a new layout with its own label.
 void message_box::changeEvent(QEvent *event)
 {
     QMessageBox::changeEvent(event);
@@ -160,7 +160,7 @@ void message_box::add_standard_buttons(QMessageBox &box, StandardButtons buttons
         if (!buttons.testFlag(standard_button))
             continue;
         QPushButton *button = box.addButton(standard_button);
-        button->setIcon(QIcon());  // some platforms bring one that isn't of this skin
+        button->setIcon(QIcon());  // some platforms set one that doesn't match the skin
         const bool accepts = button_box->buttonRole(button) == QDialogButtonBox::AcceptRole;
         if (!box.defaultButton() && (default_button == 0 ? accepts : default_button == bit))
             box.setDefaultButton(button);
@@ -174,7 +174,7 @@ QMessageBox::StandardButton message_box::ask()
     return standardButton(clickedButton());
 }
 
-/// A label narrower than its longest word cuts that off.
+/// A label narrower than its longest word cuts the word off.
 bool message_box::fits(QSize room) const
 {
     const auto *label = findChild<QLabel *>(text_label_name);
@@ -191,7 +191,7 @@ void message_box::scroll_text(QSize room)
     replace_label();
 }
 
-/// QDialog leaves no room for the lower and the right edge of the frame.
+/// QDialog leaves no room for the bottom and right edges of the frame.
 void message_box::move_into(const QRect &room)
 {
     const QSize spare = room.size() - size();
@@ -199,8 +199,8 @@ void message_box::move_into(const QRect &room)
          qBound(room.top(), y(), room.top() + spare.height()));
 }
 
-/// Puts the scrolled text where the layout has the label, and makes QMessageBox compute its
-/// size from it.
+/// Replaces the label in the layout by the scrolled text, and makes QMessageBox compute its size
+/// from that.
 void message_box::replace_label()
 {
     delete layout()->replaceWidget(findChild<QLabel *>(text_label_name),

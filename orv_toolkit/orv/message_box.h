@@ -10,13 +10,14 @@ namespace orv
 /// The program's message boxes, in its skin; every question to the user goes through here.
 ///
 /// All calls are modal and return the button pressed. Closing a box by its frame counts as its
-/// escape button: No in a box with Yes and No; a box that can't tell returns Cancel.
+/// escape button, such as No in a box with Yes and No. If no button can be determined, the result
+/// is Cancel.
 ///
 /// `parent` may be null. `buttons` is the mask of the buttons shown. `default_button` is one of
-/// them or 0, with which the first button of the accept role, such as Ok, becomes the default.
+/// them, or 0 for the first button with the accept role, such as Ok.
 ///
-/// No box is bigger than its screen, frame included: one that would be, or that would cut off a
-/// long word, shows its text as a `scrolled_text`. `text()` is the whole text in all cases.
+/// No box is larger than its screen, including its frame. A box that would be, or that would cut
+/// off a long word, shows its text in a `scrolled_text`. `text()` is always the whole text.
 class message_box : public QMessageBox
 {
     Q_OBJECT
@@ -24,6 +25,7 @@ class message_box : public QMessageBox
 public:
     using QMessageBox::QMessageBox;
 
+    /// Shows a box with this icon; the next four do the same with the icon in their name.
     static StandardButton show_box(QWidget *parent, Icon icon, const QString &title,
                                    const QString &text, StandardButtons buttons,
                                    int default_button);
@@ -36,12 +38,12 @@ public:
     static StandardButton question(QWidget *parent, const QString &title, const QString &text,
                                    StandardButtons buttons, int default_button);
 
-    /// Asks with the buttons Yes and No under other words.
+    /// Asks with the buttons Yes and No, labelled with these texts.
     static StandardButton question(QWidget *parent, const QString &title, const QString &text,
                                    const QString &yes_text, const QString &no_text,
                                    int default_button);
 
-    /// Asks with the buttons Yes, No and Cancel under other words.
+    /// Asks with the buttons Yes, No and Cancel, labelled with these texts.
     static StandardButton question(QWidget *parent, const QString &title, const QString &text,
                                    const QString &yes_text, const QString &no_text,
                                    const QString &cancel_text, int default_button);

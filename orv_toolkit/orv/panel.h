@@ -7,7 +7,7 @@
 namespace orv
 {
 
-/// A frame of the program's skin around one content widget.
+/// A frame in the program's skin around one content widget.
 class panel : public QWidget
 {
     Q_OBJECT
@@ -15,8 +15,8 @@ class panel : public QWidget
 public:
     using QWidget::QWidget;
 
-    /// Builds the frame around `content`, which becomes a child. For a fresh panel, once.
-    /// @param suffix  of the border picture and of the style rule's name: empty or "_topless"
+    /// Builds the frame around `content`, which becomes a child. Requires: called only once.
+    /// @param suffix  of the names of the border picture and the style rule: empty or "_topless"
     void set_up(QWidget *content, const QString &suffix);
 };
 

@@ -7,7 +7,7 @@
 namespace orv
 {
 
-/// Qt calls this for the painter of the background too.
+/// Qt also calls this for the painter of the background.
 void picture_widget::initPainter(QPainter *painter) const
 {
     QWidget::initPainter(painter);

@@ -7,11 +7,11 @@
 namespace orv
 {
 
-/// A plain widget whose style sheet shows a picture, which is smoothed where the screen has no
-/// whole number of pixels for each of the picture's.
+/// A plain widget whose style sheet shows a picture. The picture is smoothed if its pixels don't
+/// match a whole number of screen pixels.
 ///
-/// Without a meta-object of its own on purpose: Qt paints the background of a style sheet by itself
-/// only for a widget that its meta-object calls a QWidget.
+/// It has no meta-object of its own on purpose: Qt paints a style sheet's background automatically
+/// only for a widget whose meta-object is that of QWidget.
 class picture_widget : public QWidget
 {
 public:

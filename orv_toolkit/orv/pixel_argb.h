@@ -7,7 +7,7 @@
 namespace orv
 {
 
-/// A colour in the bytes of a 32-bit ARGB pixel on a little-endian machine.
+/// A colour in the byte order of a 32-bit ARGB pixel on a little-endian machine.
 struct pixel_argb {
     std::uint8_t blue = 0;
     std::uint8_t green = 0;

@@ -22,7 +22,7 @@ constexpr char dialog_sheet[] =
 void progress_dialog::set_up(const QString &title, const QString &label, const QString &bar_format)
 {
     setStyleSheet(dialog_sheet);
-    // Both flags stand in those of a fresh dialog, so both go.
+    // A new dialog has both flags, so this removes both.
     setWindowFlags(windowFlags() ^ (Qt::WindowContextHelpButtonHint | Qt::WindowCloseButtonHint));
     setWindowTitle(title);
     setLabelText(label);

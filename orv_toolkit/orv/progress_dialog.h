@@ -7,8 +7,8 @@
 namespace orv
 {
 
-/// The progress of a batch, in the program's skin: without a cancel button and without a close
-/// button, hidden until the batch sets a value.
+/// The progress dialog of a batch, in the program's skin. It has no cancel button and no close
+/// button, and is hidden until the batch sets a value.
 class progress_dialog : public QProgressDialog
 {
     Q_OBJECT
@@ -16,7 +16,7 @@ class progress_dialog : public QProgressDialog
 public:
     using QProgressDialog::QProgressDialog;
 
-    /// Gives a fresh dialog its skin, texts and bar, and fixes its size.
+    /// Sets the skin, the texts and the bar, and fixes the size. Requires: called only once.
     /// @param bar_format  text in the bar, with %v for the value and %m for the maximum
     void set_up(const QString &title, const QString &label, const QString &bar_format);
 };

@@ -15,7 +15,7 @@ class radio : public QRadioButton
 public:
     using QRadioButton::QRadioButton;
 
-    /// The skin of a radio button; whoever makes one sets it.
+    /// The skin of a radio button; the code that creates one has to set it.
     static const char sheet[];
 };
 

@@ -22,10 +22,10 @@ namespace orv
 namespace
 {
 
-constexpr int fewest_scrolled_lines = 3;  // of a text whose question stays below it
+constexpr int fewest_scrolled_lines = 3;  // above a question that stays in place
 constexpr char empty_line[] = "\n\n";
 
-/// The format in which a label shows its text when it is left to find out.
+/// The format in which a label shows its text, with Qt::AutoText resolved.
 Qt::TextFormat format_of(const QLabel &label)
 {
     const bool is_rich = label.textFormat() == Qt::RichText ||
@@ -33,7 +33,8 @@ Qt::TextFormat format_of(const QLabel &label)
     return is_rich ? Qt::RichText : Qt::PlainText;
 }
 
-/// A text and, of a plain one with an empty line in it, the paragraph below the last such line.
+/// A text in two parts: a plain text with empty lines is split at the last of them, any other has
+/// no last paragraph.
 struct parted_text {
     QString start;
     QString last_paragraph;
@@ -47,7 +48,7 @@ parted_text part(const QString &text, Qt::TextFormat format)
     return {text.left(line), text.mid(line + static_cast<int>(qstrlen(empty_line)))};
 }
 
-/// The paragraph in a label; null if it's empty or leaves too little of the room above it.
+/// A label with the paragraph; null if it is empty or leaves too little room above it.
 wrapped_label *make_question(const QString &paragraph, QSize room, QWidget *parent)
 {
     auto question = std::make_unique<wrapped_label>(paragraph, Qt::PlainText, parent);
@@ -57,7 +58,7 @@ wrapped_label *make_question(const QString &paragraph, QSize room, QWidget *pare
     return paragraph.isEmpty() || !fits ? nullptr : question.release();
 }
 
-/// Without a size of its own: it takes what its owner has for it.
+/// Has no preferred size: it takes the room that its owner has for it.
 QScrollArea *make_area(wrapped_label *text, QWidget *parent)
 {
     auto *area = new QScrollArea(parent);
@@ -89,14 +90,14 @@ scrolled_text::scrolled_text(const QLabel &label, QSize room, QWidget *parent) :
     column->addWidget(area, 1);
     if (question) {
         column->addWidget(question);
-        question->raise();  // screen readers go by the order of the widgets
+        question->raise();  // screen readers follow the order of the widgets
         height += column->spacing() + question->heightForWidth(text_width);
     }
     needed = QSize(text_width, height);
     if (height > room.height())
         add_scrolling();
     needed = needed.boundedTo(room);
-    // The box's layout would go by a height for the width, in which the area has no share.
+    // Otherwise the box's layout would use the height for the width, which leaves out the area.
     setFixedHeight(needed.height());
 }
 
@@ -105,7 +106,7 @@ void scrolled_text::wheelEvent(QWheelEvent *event)
     QCoreApplication::sendEvent(area->verticalScrollBar(), event);
 }
 
-/// The bar is beside the text, so that the text doesn't become narrower.
+/// The bar is beside the text, so the text doesn't become narrower.
 void scrolled_text::add_scrolling()
 {
     constexpr std::pair<Qt::Key, QAbstractSlider::SliderAction> keys[] = {

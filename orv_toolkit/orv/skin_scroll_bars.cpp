@@ -23,7 +23,7 @@ constexpr char vertical_sheet[] =
     "QScrollBar::sub-line:vertical {    background: black;    height: 0px;    "
     "subcontrol-position: top;    subcontrol-origin: margin;}";
 
-// The two lines stand on each other's side; both are 0 wide.
+// The positions of the two lines are swapped; both are 0 wide.
 constexpr char horizontal_sheet[] =
     "QScrollBar:horizontal {    border: none;    background-color:rgb(47,47,47);    "
     "height:11px;        margin: 0px 0px 0px 0px;}"
@@ -34,7 +34,7 @@ constexpr char horizontal_sheet[] =
     "QScrollBar::sub-line:horizontal {    background: black;    width: 0px;    "
     "subcontrol-position: right;    subcontrol-origin: margin;}";
 
-/// The style is the bar's child, since QWidget::setStyle doesn't own it.
+/// The style is the bar's child, since QWidget::setStyle doesn't take ownership.
 void skin(QScrollBar *bar, const char *sheet)
 {
     QStyle *style = QStyleFactory::create("fusion");

@@ -10,7 +10,7 @@ namespace orv
 namespace
 {
 
-// Plain literals: a list of 8830 strings would have the compiler build each on the stack first.
+// Plain literals: for a list of 8830 strings the compiler would build each one on the stack first.
 constexpr const char *catalogue_names[] = {
 #include "orv/tag_catalogue_names.inc"
 };

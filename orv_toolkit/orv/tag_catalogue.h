@@ -9,8 +9,8 @@
 namespace orv
 {
 
-/// Names, without groups, of the tags that the metadata tool reports but can't write back:
-/// computed and read-only tags of all the formats that it knows. 8830 names in byte order.
+/// Names, without groups, of the tags that the metadata tool reports but can't write back: computed
+/// and read-only tags of all the formats that it supports. 8830 names in byte order.
 extern const std::vector<std::string> tag_catalogue;
 
 /// Extensions of the files that the tool opens, in lower case and without the dot.

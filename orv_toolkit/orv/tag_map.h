@@ -8,8 +8,8 @@
 namespace orv
 {
 
-/// Tag name to value, both UTF-8; in the byte order of the names. A name carries its group
-/// ("ExifIFD:DateTimeOriginal") where the caller asked for it.
+/// Maps tag names to values, both in UTF-8, in the byte order of the names. A name includes its
+/// group ("ExifIFD:DateTimeOriginal") if the caller requested it.
 using tag_map = std::map<std::string, std::string>;
 
 }  // namespace orv

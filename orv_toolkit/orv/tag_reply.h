@@ -9,15 +9,15 @@
 namespace orv
 {
 
-/// The tags in a reply of the metadata tool to a read with `-args`, a `-Name=Value` line each
+/// The tags in the metadata tool's reply to a read with `-args`, one `-Name=Value` line each
 /// (exiftool(1), option -args).
 ///
-/// A line without "=" is skipped, so the end marker and the further lines of a value fall away. A
-/// value ends at a second "=". Names and values are trimmed; of two lines with one name the later
-/// stands.
+/// A line without "=" is skipped, and with it the end marker and the further lines of a value. A
+/// value ends at a second "=". Names and values are trimmed. If a name occurs twice, the last one
+/// wins.
 tag_map parse_tag_reply(const QString &reply);
 
-/// The text that the reply marks its end with, alone on its last line.
+/// The text that marks the end of a reply; nothing else is on its line.
 extern const char ready_text[];
 
 }  // namespace orv

@@ -15,7 +15,7 @@ namespace orv
 namespace
 {
 
-/// The direction is the one that QLabel would take: the whole text has a single one.
+/// The direction is the one that QLabel would use, the same for the whole text.
 QTextOption line_option(const QString &text)
 {
     QTextOption option;
@@ -24,7 +24,7 @@ QTextOption line_option(const QString &text)
     return option;
 }
 
-/// A document lays all its lines out again whenever it is given a width, even the same one.
+/// A document lays out all its lines again whenever its width is set, even to the same value.
 void set_width(QTextDocument &document, int width)
 {
     if (document.textWidth() != width)
@@ -54,7 +54,7 @@ QSize wrapped_label::sizeHint() const
     return {width(), heightForWidth(width())};
 }
 
-/// No word asks for a width.
+/// No word needs a minimum width.
 QSize wrapped_label::minimumSizeHint() const
 {
     return {0, fontMetrics().height()};

@@ -9,11 +9,11 @@ class QTextDocument;
 namespace orv
 {
 
-/// A label that breaks its lines between words and, where a word is wider than the label, inside
-/// of it, such as in a path without spaces. No width cuts anything off.
+/// A label that breaks its lines between words and, if a word is wider than the label, such as a
+/// path without spaces, inside the word. It cuts nothing off, however narrow it is.
 ///
-/// `text()`, and with it what a screen reader gets, is the text as it was given. The text is shown
-/// at the top left; it is not meant to change once the label is made.
+/// `text()`, which is also what a screen reader gets, is the text as given. The text is shown at
+/// the top left. Requires: the text doesn't change after construction.
 class wrapped_label : public QLabel
 {
     Q_OBJECT
