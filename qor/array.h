@@ -8,7 +8,7 @@
 namespace qor
 {
 
-/// A run of elements: a view over somebody else's memory, or the owner of its own.
+/// A contiguous range of elements that either borrows its memory or owns it.
 template <class T>
 class array
 {

@@ -5,8 +5,9 @@
 namespace qor
 {
 
-/// Ends the program over a broken rule of the kit: the report names the expression and its place
-/// and holds the stack of source places; it stands on standard error once (`fatal_exit`).
+/// Ends the program because a rule of the kit is broken. The report names the expression and its
+/// location, and contains the stack of source locations. It is printed to standard error once
+/// (`fatal_exit`).
 [[noreturn]] void assertion_failed(const char *expression, const char *file, int line,
                                    const char *function);
 

@@ -8,13 +8,13 @@
 namespace qor
 {
 
-/// Misuse of the kit. Making one prints the message and the stack of source places to standard
-/// error and ends the process through `fatal_exit`, so it is never caught, and the report stands
-/// on the stream twice.
+/// Misuse of the kit. Note: constructing one prints the message and the stack of source locations
+/// to standard error and ends the process through `fatal_exit`. So it is never caught, and the
+/// report is printed twice.
 class exception : public std::exception
 {
 public:
-    /// Doesn't return, but for the jump of a harness (`fatal_jump`).
+    /// Doesn't return, except by the jump of a test harness (`fatal_jump`).
     explicit exception(std::string reason);
 
     const char *what() const noexcept override;

@@ -5,8 +5,8 @@
 namespace qor
 {
 
-/// Gives the memory that the program has freed back to the system. The GNU C library keeps what
-/// lies between pieces in use until it is asked (malloc_trim(3)); other libraries aren't asked.
+/// Returns the memory that the program has freed to the system. The GNU C library keeps free memory
+/// between blocks in use until this call (malloc_trim(3)); with other C libraries nothing is done.
 void return_free_memory();
 
 }  // namespace qor

@@ -11,27 +11,27 @@
 namespace qor
 {
 
-/// One instruction to a cell of a layout, such as a margin: the kind, by number, and in the derived
-/// records a value.
+/// One instruction for a cell of a layout, such as a margin: its kind, as a number, and in the
+/// derived types a value.
 ///
-/// There is one object for each kind (`qor::qt::properties`), and a screen passes its address
-/// around. So a value lives until the same kind is written again: a list of properties is used up
-/// at once, never kept. For the GUI thread only.
+/// There is one object for each kind (`qor::qt::properties`), and screens pass its address around.
+/// For the GUI thread only. Note: a value lasts only until the same kind is written again.
+/// Requires: a list of properties is applied immediately and never kept.
 struct property {
     property();
     property(const property &) = delete;
     property &operator=(const property &) = delete;
 
-    const int id;  ///< counted from 0 on in the order of making; means nothing but the kind
+    const int id;  ///< counts from 0 in the order of construction; identifies the kind
 };
 
-/// What a screen says about one cell, in the order in which it is applied. Borrowed pointers.
+/// The properties of one cell, in the order in which they are applied. Borrowed pointers.
 using property_list = std::vector<property *>;
 
 /// A kind with one value.
 template <class Value>
 struct value_property : property {
-    /// Stores the value, and returns this for a list of properties.
+    /// Stores the value and returns `this` for a list of properties.
     property *operator()(Value new_value)
     {
         value = std::move(new_value);
@@ -44,7 +44,8 @@ struct value_property : property {
 /// A kind with `Count` numbers.
 template <std::size_t Count>
 struct numbers_property : property {
-    /// Stores one to `Count` numbers, and returns this. Of fewer the last one is repeated.
+    /// Stores one to `Count` numbers and returns `this`. If there are fewer, the last one is
+    /// repeated.
     template <class... Numbers>
     property *operator()(int first, Numbers... others)
     {

@@ -7,12 +7,13 @@
 namespace qor
 {
 
-/// What differs from system to system about signals, all in this place.
+/// Everything about signals that differs between systems.
 ///
-/// `handled_signals` are those that end a program and that `stacktrace` reports, in the order in
-/// which it installs its handler. `signal_names` is indexed by the numbers of the system that the
-/// program is built for: `signal.h` of the Microsoft C runtime, signal(7) on Linux. A number
-/// without a signal, or with one that no program of this system gets, is "UNKNOWN".
+/// `handled_signals` lists the signals that end a program and that `stacktrace` reports, in the
+/// order in which it installs its handler. `signal_names` is indexed by the numbers of the system
+/// that the program is built for: `signal.h` of the Microsoft C runtime, signal(7) on Linux. The
+/// name is "UNKNOWN" for a number without a signal, or whose signal no program on this system
+/// receives.
 
 // clang-format off
 #ifdef _WIN32

@@ -9,39 +9,39 @@
 namespace qor
 {
 
-/// A source place; lives on the stack of the function that pushes it.
+/// A source location; lives on the stack of the function that pushes it.
 struct stack_frame {
     const char *file;      ///< source path as the build gave it
     int line;              ///< source line
     const char *function;  ///< the compiler's full function text
 };
 
-/// The process-wide stack of source places, printed when the program dies.
+/// The process-wide stack of source locations, printed when the program dies.
 ///
-/// Functions that matter push a frame at their start and pop it at their end (`trace_scope`).
-/// Creating the object installs the handler of the signals that end a program. There is no lock:
-/// the program has one thread.
+/// Functions that matter push a frame at their start and pop it at their end (`trace_scope`). There
+/// is no lock: the program has only one thread. Note: creating the object installs the handler of
+/// the signals that end a program.
 class stacktrace
 {
 public:
-    /// The one object, made at the first call. It lives until the end of the process.
+    /// The only instance, created at the first call. It lives until the process ends.
     static stacktrace &instance();
 
-    /// The handler installed for SIGABRT, SIGFPE, SIGILL, SIGINT, SIGSEGV and SIGTERM (and the two
-    /// more that Windows has). Runs `on_signal` with the number and its name; a number from 185 on
-    /// is passed on as 0, one below that without a name of its own gets "UNKNOWN".
+    /// The handler installed for SIGABRT, SIGFPE, SIGILL, SIGINT, SIGSEGV and SIGTERM, and on
+    /// Windows for two more. Runs `on_signal` with the number and its name. A number of 185 or more
+    /// is passed on as 0; a smaller one without a name gets "UNKNOWN".
     static void signal_handler(int number);
 
-    /// The default of `on_signal`: writes the signal's name (left out for a null `name`) and the
+    /// The default of `on_signal`: writes the signal's name (omitted if `name` is null) and the
     /// frames to standard error and ends the process with the status -1. The handlers registered
     /// with `atexit` run.
     static void print_trace_and_exit(int number, const char *name);
 
-    /// The frames of the one object as text, a line each, the newest first.
+    /// The frames of the instance as text, one line each, newest first.
     static std::string trace_text();
 
-    /// The same for any frames, under a line with the signal's name unless `signal_name` is null.
-    /// The reports of the kit don't need it.
+    /// The same for any frames, after a line with the signal's name unless `signal_name` is null.
+    /// The kit's own reports don't use it.
     static std::string trace_text(const std::vector<const stack_frame *> &frames,
                                   const char *signal_name);
 
@@ -50,7 +50,7 @@ public:
 
     std::vector<const stack_frame *> frames;  ///< oldest first; borrowed from their functions
 
-    /// What the handler runs, with the signal's number and name. Must not be empty.
+    /// Called by the handler with the signal's number and name. Requires: it isn't empty.
     std::function<void(int, const char *)> on_signal = print_trace_and_exit;
 
 private:

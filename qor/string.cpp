@@ -31,7 +31,7 @@ bool is_quote(char character)
     return character == '\'' || character == '"';
 }
 
-/// Like `substr`, but empty where `start` lies behind the end.
+/// Like `substr`, but empty if `start` is past the end.
 string part_of(const string &text, std::size_t start, std::size_t length)
 {
     return text.substr(std::min(start, text.size()), length);
@@ -74,8 +74,9 @@ std::vector<string> string::split(const string &text, const string &separator, i
         if (limit > 0 && ++cuts == limit)
             break;
     }
-    // After a limit the remainder has the length that lies behind the next separator. With none
-    // left, `found` is the greatest number and the length reaches past the end.
+    // After a limit, the remainder is only as long as the text from the last character of the next
+    // separator on. If there is no next separator, `found` is npos and the length reaches past the
+    // end.
     pieces.push_back(part_of(text, start, text.size() - found));
     return pieces;
 }

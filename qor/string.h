@@ -13,7 +13,7 @@
 namespace qor
 {
 
-/// A byte string with the kit's text cutting on top of the standard string.
+/// A standard string of bytes, with the kit's functions that split and join.
 class string : public std::string
 {
 public:
@@ -22,37 +22,38 @@ public:
     string(const std::string &text) : std::string(text) {}
     string(std::string &&text) : std::string(std::move(text)) {}
 
-    /// Cuts `text` at each `separator`, at the first `limit` ones only where that is above 0.
+    /// Splits `text` at each `separator`, or only at the first `limit` ones if that is above 0.
     ///
-    /// What stands behind the last cut is always the last piece, also if it is empty, so an empty
+    /// The text after the last separator is always the last piece, even if it is empty, so an empty
     /// text gives one empty piece.
     static std::vector<string> split(const string &text, char separator, int limit);
 
-    /// The same cutting, without a copy: each piece goes to `callback` as a view over `text`, to
-    /// be read only, valid during the call.
+    /// Splits in the same way, but without copying: each piece is passed to `callback` as a view of
+    /// `text`, which is read-only and valid only during the call.
     static void split(const string &text, char separator,
                       std::function<void(array<char> &)> callback, int limit);
 
-    /// Cuts `text` at each `separator`, at the first `limit` ones only where that is above 0.
+    /// Splits `text` at each `separator`, or only at the first `limit` ones if that is above 0.
     ///
-    /// A separator that ends on the text's last character doesn't cut. A piece starts behind its
-    /// separator's last character plus the separator's length less one, and keeps all characters
-    /// of the next separator but the last: made for separators of one character. Pieces equal to
-    /// the separator are left out, empty ones too unless `keep_empty`; the remainder is always
-    /// the last piece.
-    /// @param quotes  a separator between apostrophes or double quotes doesn't cut
+    /// Made for separators of one character: a separator of N characters swallows the N - 1
+    /// characters after it, and its own first N - 1 characters stay at the end of the piece before
+    /// it. A separator that ends on the text's last character doesn't split. Pieces equal to the
+    /// separator are left out, and so are empty ones unless `keep_empty` is true; the remainder is
+    /// always the last piece.
+    /// @param quotes  a separator between apostrophes or double quotes doesn't split
     static std::vector<string> split(const string &text, const string &separator, int limit = 0,
                                      bool quotes = false, bool keep_empty = false);
 
-    /// The index of the last character of the first `separator` from `from` on, or `npos`.
+    /// The index of the last character of the first `separator` at or after `from`, or `npos`.
     ///
-    /// A match that ends on the text's last character is no hit. The search never goes back: a
-    /// mismatch inside a started match goes on behind the mismatching character. An empty
-    /// separator gives `from - 1`.
-    /// @param quotes  characters between apostrophes or double quotes, both alike, don't match
+    /// A match that ends on the text's last character doesn't count. The search never goes back:
+    /// after a mismatch inside a partial match it continues after the mismatching character. An
+    /// empty separator gives `from - 1`.
+    /// @param quotes  characters between apostrophes or double quotes don't match; either quote
+    ///                ends what the other began
     std::size_t find_outside_quotes(const string &separator, std::size_t from, bool quotes) const;
 
-    /// The elements of a set or a vector of strings in their order, `separator` between them.
+    /// The elements of a set or a vector of strings in their order, with `separator` between them.
     template <class Strings>
     static string join(const Strings &parts, char separator)
     {

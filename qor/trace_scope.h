@@ -7,14 +7,14 @@
 namespace qor
 {
 
-/// Keeps a frame on the process-wide stack of source places for as long as it lives: made at the
+/// Keeps a frame on the process-wide stack of source locations while it exists. Created at the
 /// start of a function, it pops the frame when the function ends, by return or by exception.
 class trace_scope
 {
 public:
     /// @param file, function  literals: only the pointers are kept
-    /// @param line            may be the fixed number under which reports know the place, as in
-    ///                        `orv::application`, whatever line it stands on by now
+    /// @param line            may be a fixed number by which reports identify the location, as in
+    ///                        `orv::application`, even if the actual line differs
     trace_scope(const char *file, int line, const char *function);
     ~trace_scope();
 

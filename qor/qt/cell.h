@@ -18,22 +18,22 @@ namespace qor::qt
 class layout;
 struct sliding_line;
 
-/// What a `qor::qt::layout` keeps for one position of its grid: the widget, how it stands in its
-/// slot, and a plain widget behind it.
+/// What a `qor::qt::layout` keeps for one position of its grid: the widget, its placement in its
+/// area of the grid, and a plain widget as its background.
 ///
-/// A value: built on the stack, filled in, and copied into the layout, after which only the copy
-/// counts (`layout::cells`). Lengths are pixels.
+/// A value: created on the stack, filled in and copied into the layout. After that only the copy
+/// matters (`layout::cells`). Lengths are in pixels.
 class cell : public QLayoutItem
 {
 public:
     /// A cell without a widget.
     cell();
 
-    /// @param widget  the content; borrowed, as the background is: a cell deletes neither
+    /// @param widget  the content; borrowed, like the background: a cell deletes neither
     explicit cell(QWidget *widget);
 
-    /// Applies the properties from first to last; a later one wins over an earlier one. Unknown
-    /// kinds are skipped. Further lists are joined behind the first.
+    /// Applies the properties from first to last; a later one overrides an earlier one. Unknown
+    /// kinds are skipped. Further lists are applied after the first.
     void apply(const property_list &properties);
     template <class... Lists>
     void apply(const property_list &properties, const Lists &...more)
@@ -42,23 +42,26 @@ public:
         apply(more...);
     }
 
+    /// Sets the margin of all sides.
     void set_margin(float all_sides);
+
+    /// Sets the padding of all sides.
     void set_padding(float all_sides);
 
-    /// Slides the height of this cell's row to `target`, 25 steps a second, and blocks until it is
-    /// there. The window is resized by one pixel and back for each step, by which the sizes reach
-    /// the layouts in it.
+    /// Slides the height of this cell's row to `target`, in 25 steps per second, and blocks until
+    /// it is there. Each step resizes the window by one pixel and back, so that the layouts in it
+    /// apply the new sizes.
     ///
-    /// The size of a step is truncated to pixels: a way shorter than the number of steps is waited
-    /// for, and then jumped. Nothing is done where the row has that height already.
-    /// @param seconds  0 and less: the height jumps
+    /// The size of a step is truncated to pixels: if there are fewer pixels than steps, the row
+    /// waits, then jumps at the end. If the row has that height already, nothing is done.
+    /// @param seconds  0 or less: the height jumps
     void animate_row_height(int target, float seconds);
 
-    /// The same with the column's width, without repainting the window at each step.
+    /// The same for the column's width, without repainting the window at each step.
     void animate_column_width(int target, float seconds);
 
-    /// Both at once, without repainting. If either has its target already, nothing is done, the
-    /// other one included; when either has passed its target, both jump to theirs.
+    /// Slides both together, without repainting. If either is at its target already, neither
+    /// changes; as soon as either has passed its target, both jump to theirs.
     void animate_size(int target_width, int target_height, float seconds);
 
     QSize sizeHint() const override;
@@ -72,9 +75,9 @@ public:
     QWidget *background_widget() const;
 
     bool spanned = false;        ///< covered by the span of another cell
-    QWidget *background;         ///< stands behind the content; child of the parent once laid out
+    QWidget *background;         ///< behind the content; child of the parent once laid out
     QWidget *content = nullptr;  ///< what `widget` returns
-    float margin_left = -1;      ///< negative: this side isn't set, as with the next three
+    float margin_left = -1;      ///< negative: this side isn't set; the same for the next three
     float margin_right = -1;
     float margin_top = -1;
     float margin_bottom = -1;
@@ -82,19 +85,19 @@ public:
     float padding_right = 0;
     float padding_top = 0;
     float padding_bottom = 0;
-    float width = -1;  ///< of the content; it fills its slot where this isn't positive
+    float width = -1;  ///< of the content; if not positive, it fills its area
     float height = -1;
     int row_span = 1;
     int column_span = 1;
-    int column_width = -1;       ///< where positive, `layout::add` gives it to the whole column
-    int row_height = -1;         ///< where positive, `layout::add` gives it to the whole row
-    int first_column_width = 0;  ///< where positive, the first column's width for this cell alone
+    int column_width = -1;       ///< if positive, `layout::add` gives it to the whole column
+    int row_height = -1;         ///< if positive, `layout::add` gives it to the whole row
+    int first_column_width = 0;  ///< if positive, the first column's width for this cell only
     int shift_x = 0;             ///< moves the content, not the background
     int shift_y = 0;
-    bool new_line = false;  ///< the next cell starts a line
+    bool new_line = false;  ///< the next cell starts a new line
     int row = 0;            ///< set by the layout, like the next two
     int column = 0;
-    qor::qt::layout *owner = nullptr;  ///< the layout that the cell stands in
+    qor::qt::layout *owner = nullptr;  ///< the layout that contains the cell
 
 private:
     QWidget &window() const;
@@ -102,7 +105,8 @@ private:
     sliding_line sliding_column(int target) const;
 };
 
-/// The cell of each widget that was ever added to a layout; of a dead layout the entries stay.
+/// The cell of each widget that was ever added to a layout. Note: the entries of a destroyed layout
+/// stay, with invalid pointers.
 extern std::map<QWidget *, cell *> widget_cells;
 
 /// The cell whose click function ran last; null before the first click.

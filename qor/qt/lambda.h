@@ -9,10 +9,10 @@
 namespace qor::qt
 {
 
-/// Turns a signal into a call of a stored function: the receiver of connections by name, as in
-/// `connect(button, "2clicked()", receiver, "1call()")`.
+/// Calls a stored function when it receives a signal; used as the receiver of connections by name,
+/// as in `connect(button, "2clicked()", receiver, "1call()")`.
 ///
-/// Without a parent it belongs to nobody and lives to the end of the process.
+/// Without a parent it has no owner and lives until the process ends.
 class lambda : public QObject
 {
     Q_OBJECT
@@ -21,7 +21,7 @@ public:
     explicit lambda(std::function<void()> function, QObject *parent = nullptr);
 
 public slots:
-    /// Runs the function; does nothing where there is none.
+    /// Runs the function; does nothing if there is none.
     void call();
 
 private:

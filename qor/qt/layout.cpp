@@ -23,7 +23,7 @@ namespace
 constexpr int hinted_automatic_size = 20;
 constexpr int further_passes = 4;
 
-/// One axis of the content: its size, negative or 0 for filling the slot, and what is around it.
+/// The content on one axis: its size, or 0 or less to fill its grid area, and the space around it.
 struct extent {
     float size;
     float margin_before;
@@ -71,14 +71,14 @@ axis_span place(const extent &content, float slot, float slot_start)
                             : place_filling(content, slot, slot_start);
 }
 
-/// The area of the background: the content's with the padding around it.
+/// Where the background is on one axis: the content's place plus the padding around it.
 axis_span padded(const axis_span &content, const extent &around)
 {
     return {content.start - around.padding_before,
             content.size + around.padding_before + around.padding_after};
 }
 
-/// At most so far that a widget of any size has its other edge within an int, as Qt needs it.
+/// Limited so that the other edge of a widget of any size fits in an int, as Qt requires.
 int whole_place(float start)
 {
     constexpr int farthest = std::numeric_limits<int>::max() - QWIDGETSIZE_MAX;
@@ -130,7 +130,7 @@ struct layout::axis {
             automatic_size = free / static_cast<float>(automatic_lines);
     }
 
-    /// The size of a line; one beyond the end is automatic.
+    /// The size of a line; one past the end is automatic.
     float size_of(int index) const
     {
         const bool is_fixed = index >= 0 && index < count() && lines[std::size_t(index)] != 0;
@@ -138,7 +138,7 @@ struct layout::axis {
     }
 
     /// The size of `span` lines from `first` on.
-    /// @param first_size  where positive, it stands for the size of the first line
+    /// @param first_size  if positive, replaces the size of the first line
     float slot(int first, int span, int first_size) const
     {
         float size = 0;
@@ -245,7 +245,7 @@ QLayoutItem *layout::itemAt(int index) const
         return nullptr;
     for (const auto &[place, each] : cells) {
         if (!each.isEmpty() && index-- == 0)
-            return const_cast<cell *>(&each);  // Qt's signature: the items of a const layout
+            return const_cast<cell *>(&each);  // Qt wants items that aren't const
     }
     return nullptr;
 }

@@ -16,31 +16,32 @@
 namespace qor::qt
 {
 
-/// A grid of rows and columns to which a screen hands its widgets one after the other.
+/// A grid of rows and columns to which a screen adds its widgets one after another.
 ///
-/// Lines (rows and columns) have a size in pixels, or 0 for automatic: those share what the others
-/// leave of the parent widget, which is laid out as a whole. Each widget stands in a `cell` that
-/// says the rest. Widgets come in through `add` and never leave: none may die before its layout.
+/// Lines (rows and columns) have a size in pixels, or 0 for automatic: automatic lines share the
+/// space that the others leave in the parent widget, which is laid out as a whole. Each widget is
+/// in a `cell`, which holds its other settings. Widgets are added with `add` and never removed.
+/// Requires: every widget outlives the layout.
 class layout : public QLayout
 {
     Q_OBJECT
 
 public:
-    /// @param wrap          cells of a line before the next one starts, 0 for no end
+    /// @param wrap          cells per line before the next one starts; 0 for no limit
     /// @param column_major  false: cells follow each other along a row; true: down a column
     layout(QWidget *parent, int wrap, bool column_major);
     layout(int wrap, bool column_major);
 
-    /// Puts the cell at the first free position from the cursor on; its widget becomes a child of
-    /// the layout's parent.
+    /// Puts the cell at the first free position at or after the cursor; its widget becomes a child
+    /// of the layout's parent.
     void add(cell new_cell);
 
-    /// Puts the cell at this position, over what is there. The cursor stays, and the cell's column
-    /// width and row height don't count.
-    /// @param skip_fill  true: the grid isn't filled up with empty cells
+    /// Puts the cell at this position, replacing any cell there. The cursor doesn't move, and the
+    /// cell's column width and row height are ignored.
+    /// @param skip_fill  true: the rest of the grid isn't filled with empty cells
     void add_at(cell new_cell, int column, int row, bool skip_fill);
 
-    /// Adds a plain widget that `sub_layout` lays out and then belongs to.
+    /// Adds a plain widget that takes ownership of `sub_layout` and is laid out by it.
     template <class... Lists>
     void add(QLayout *sub_layout, const property_list &properties = {}, const Lists &...more)
     {
@@ -49,8 +50,8 @@ public:
         add(holder);
     }
 
-    /// Adds the widget with these properties, and returns it.
-    /// @param on_click  called at the signal `clicked()` of the widget, after `clicked_cell` was
+    /// Adds the widget with these properties and returns it.
+    /// @param on_click  called on the widget's signal `clicked()`, after `clicked_cell` has been
     ///                  set to its cell; empty for none
     template <class Widget, class... Lists,
               std::enable_if_t<std::is_base_of_v<QWidget, Widget>, int> = 0>
@@ -65,15 +66,15 @@ public:
         return widget;
     }
 
-    /// The size of a row, to be read or written; 0 is automatic.
-    /// @param index  negative: the row of the last cell added, and where there is none the
-    ///               program ends; beyond the end: the rows up to this one are made
+    /// The size of a row, for reading or writing; 0 is automatic.
+    /// @param index  negative: the row of the cell added last, and if there is none, the program
+    ///               ends; past the end: the rows up to this one are created
     int &row_height(int index = -1);
 
     /// The same for a column.
     int &column_width(int index = -1);
 
-    /// Only ends the program: use `add`.
+    /// Always ends the program; use `add` instead.
     void addItem(QLayoutItem *item) override;
 
     Qt::Orientations expandingDirections() const override;
@@ -81,25 +82,26 @@ public:
     /// The sums of the fixed column widths and of the fixed row heights.
     QSize minimumSize() const override;
 
-    /// The row heights' sum as the width and the column widths' sum as the height, each automatic
-    /// line as 20: the axes are crossed on purpose.
+    /// The sum of the row heights as the width and the sum of the column widths as the height; an
+    /// automatic line counts as 20. The axes are swapped on purpose.
     QSize sizeHint() const override;
 
-    /// Sets all widgets out on the parent widget, whatever the rectangle. At one and the same size
-    /// of the parent at most five times: fixing the widgets' sizes asks for the next time.
+    /// Places all widgets on the parent widget; the rectangle is ignored. Runs at most five times
+    /// in a row for the same size of the parent, since fixing the widgets' sizes triggers the next
+    /// run.
     void setGeometry(const QRect &rectangle) override;
 
-    /// The cell of this index among those that are covered or have a widget, row by row; null past
-    /// the end.
+    /// The cell with this index among those that have a widget or are covered by a span, row by
+    /// row; null past the end.
     QLayoutItem *itemAt(int index) const override;
 
-    /// Always null: nothing leaves a layout. So never call `removeWidget` with one of its widgets:
-    /// Qt would try without end.
+    /// Always null: nothing is ever removed. Requires: `removeWidget` is never called with one of
+    /// the widgets; Qt would loop forever.
     QLayoutItem *takeAt(int index) override;
     int count() const override;
 
     std::map<position, cell> cells;
-    std::vector<int> row_heights;  ///< 0 means automatic, also below
+    std::vector<int> row_heights;  ///< 0 means automatic, also in the next one
     std::vector<int> column_widths;
     int last_column = 0;  ///< with the next one: where the last cell was put
     int last_row = 0;
@@ -107,7 +109,7 @@ public:
     int cursor_row = 0;
     int seen_width = -1;  ///< with the next one: the parent's size at the last pass
     int seen_height = -1;
-    int repeat_count = 0;  ///< how often the pass ran again at that size
+    int repeat_count = 0;  ///< how often the pass was repeated at that size
     bool column_major;
     int wrap;
 
@@ -130,8 +132,8 @@ private:
 
     bool begin_pass(QSize size);
 
-    /// Sets widget and background out in a slot that begins at x, y; returns the room that the cell
-    /// takes in its row: the slot's width, or nothing for a cell without a widget.
+    /// Places widget and background in the grid area that begins at x, y. Returns the room that the
+    /// cell takes in its row: the area's width, or 0 for a cell without a widget.
     float place_cell(cell &each, const axis &columns, const axis &rows, float x, float y);
 };
 

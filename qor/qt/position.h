@@ -7,12 +7,12 @@
 namespace qor::qt
 {
 
-/// A place in the grid of a layout. Ordered row by row, each from left to right.
+/// A position in the grid of a layout. Positions are ordered by row, then from left to right.
 struct position {
     std::int32_t column = 0;
     std::int32_t row = 0;
 
-    /// row * 2^32 + column, by which positions are compared.
+    /// The number by which positions are compared: row * 2^32 + column.
     std::int64_t rank() const { return row * (std::int64_t(1) << 32) + column; }
 };
 

@@ -57,7 +57,7 @@ using effect = std::function<void(cell &, const property &)>;
 
 constexpr char no_background_sheet[] = "background-color:none;background-image:none;";
 
-/// Only for an object of that kind, whose type it names.
+/// The property as its own type. Requires: it is a `Kind`.
 template <class Kind>
 const Kind &as(const property &instruction)
 {
@@ -84,7 +84,7 @@ effect set_all(std::array<Field cell::*, Count> fields)
     };
 }
 
-/// Something that only a cell with a widget has done to it.
+/// An effect that is skipped for a cell without a widget.
 effect with_widget(void (*change)(cell &, QWidget &, const property &))
 {
     return [change](cell &target, const property &instruction) {

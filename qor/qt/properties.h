@@ -11,10 +11,11 @@ namespace qor::qt
 
 class cell;
 
-/// The kinds of properties that a cell takes, one object each, and what they do to it.
+/// The kinds of properties that a cell accepts, one object each, and what they do to the cell.
 ///
-/// A kind with a value is written by a call, one without is passed by its address:
-/// `layout->add(button, on_click, {margin(5), style("color:red"), &new_line})`. Pixels throughout.
+/// A kind with a value is called with it, a kind without one is passed by its address:
+/// `layout->add(button, on_click, {margin(5), style("color:red"), &new_line})`. All lengths are in
+/// pixels.
 namespace properties
 {
 
@@ -30,10 +31,10 @@ extern value_property<int> padding_left;
 extern value_property<int> padding_right;
 extern value_property<int> width;
 extern value_property<int> height;
-extern numbers_property<2> size;                  ///< width, height; fixes the widget's at once
+extern numbers_property<2> size;                  ///< width, height; fixes the widget's size too
 extern value_property<QString> style;             ///< declarations for the widget's style sheet
 extern value_property<QString> background_style;  ///< appended to the background's style sheet
-extern property no_background;                    ///< takes colour and picture off the background
+extern property no_background;                    ///< removes the background's colour and picture
 extern value_property<int> row_height;
 extern value_property<int> row_span;
 extern value_property<int> column_span;
@@ -45,13 +46,13 @@ extern property new_line;
 extern value_property<int> shift_x;
 extern value_property<int> shift_y;
 extern numbers_property<2> shift;  ///< x, y
-extern property keep_size;         ///< width and height become the widget's present ones
-extern property keep_full_size;    ///< as `keep_size`, and the first column gets the width too
+extern property keep_size;         ///< width and height become the widget's current ones
+extern property keep_full_size;    ///< like `keep_size`, and the first column gets the width too
 
 }  // namespace properties
 
-/// Does to `target` what a property says. One of an unknown kind does nothing, and so does one for
-/// the widget in a cell without one.
+/// Applies a property to `target`. Does nothing if its kind is unknown, or if it concerns the
+/// widget and the cell has none.
 void apply_property(cell &target, const property &instruction);
 
 }  // namespace qor::qt

@@ -14,7 +14,7 @@ namespace qor::qt
 namespace
 {
 
-/// What stands in `text` from `position` through the next `end`, or to the end of the text.
+/// The part of `text` from `position` through the next `end`, or to the end of the text.
 QString part_through(const QString &text, int position, QChar end)
 {
     const int found = text.indexOf(end, position);

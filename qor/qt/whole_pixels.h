@@ -9,15 +9,14 @@
 namespace qor::qt
 {
 
-/// The count itself, or the nearest int where none holds it.
+/// The count, or the nearest int if it doesn't fit in one.
 inline int whole_pixels(std::int64_t count)
 {
     using limits = std::numeric_limits<int>;
     return static_cast<int>(std::clamp<std::int64_t>(count, limits::min(), limits::max()));
 }
 
-/// The length truncated toward zero, or the nearest int where none holds it; what is no number
-/// counts as 0.
+/// The length truncated toward zero, or the nearest int if it doesn't fit in one; NaN counts as 0.
 inline int whole_pixels(float length)
 {
     constexpr float beyond_an_int = 2147483648.0F;

@@ -22,7 +22,7 @@ constexpr int late_step_ms = 1;
 constexpr int button_trim_px = 20;
 constexpr int content_height_px = 400;
 
-/// The cell whose content is the parent of the widget clicked last.
+/// The cell whose content is the parent of the last clicked widget.
 cell &cell_around_clicked_widget()
 {
     QWidget *clicked = clicked_cell ? clicked_cell->widget() : nullptr;
@@ -65,7 +65,7 @@ void widget_fold::add_button()
     main_layout->column_width() = hinted_width != 0 ? hinted_width - button_trim_px : fold_height;
 }
 
-/// lupdate, which collects the texts to translate, needs the whole name of the class.
+/// lupdate, which collects the texts to translate, needs the full name of the class.
 QString widget_fold::own_button_text() const
 {
     return is_folded ? qor::qt::widget_fold::tr("unfold") : qor::qt::widget_fold::tr("fold");

@@ -11,39 +11,39 @@ class QPushButton;
 namespace qor::qt
 {
 
-/// A section with a title row and a content area; a click folds it to a low height, and opens it
-/// again, by a slide that blocks.
+/// A section with a title row and a content area. A click on its button folds it to a small height
+/// or opens it again, in a slide that blocks.
 ///
-/// It must stand in a cell of a `qor::qt::layout`: what slides is the height of its row there. That
-/// cell is found through `clicked_cell`, a millisecond after construction too, so the section must
-/// be made by a click on a widget of the kit whose own parent is the content of a cell. Where there
-/// is no such cell the program ends.
+/// Requires: it is in a cell of a `qor::qt::layout`, where the height of its row slides. That cell
+/// is found through `clicked_cell`, also a millisecond after construction, so the section must be
+/// created by a click on a widget of the kit whose own parent is the content of a cell. If there is
+/// no such cell, the program ends.
 class widget_fold : public QWidget
 {
     Q_OBJECT
 
 public:
     /// @param title        empty for none
-    /// @param button       folds and opens; it becomes a child and keeps its text. Null: the
-    ///                     section makes one, with the texts "fold" and "unfold"
-    /// @param seconds      of the slide; 0 and less: the height jumps
-    /// @param fold_height  of the row when folded, in pixels
+    /// @param button       folds and opens the section; it becomes a child and keeps its text.
+    ///                     Null: the section makes one, with the texts "fold" and "unfold"
+    /// @param seconds      duration of the slide; 0 or less: the height jumps
+    /// @param fold_height  height of the row when folded, in pixels
     widget_fold(QString title, QPushButton *button, double seconds, int fold_height);
 
-    qor::qt::layout *main_layout;  ///< title row and content; this widget's, like the next two
-    bool owns_button = false;      ///< the button is of its own making, so its text may change
+    qor::qt::layout *main_layout;  ///< title row and content; this widget's, like both others
+    bool owns_button = false;      ///< the section made the button and may change its text
     bool is_folded = false;
     int fold_height;
-    int open_height = 25;         ///< pixels to go back to; taken from the row at each folding
+    int open_height = 25;         ///< pixels to open to; read from the row at each folding
     cell *parent_cell = nullptr;  ///< stays null: the cell is looked up when needed
     qor::qt::layout *title_layout;
-    qor::qt::layout *content_layout;  ///< whoever makes the section adds the content here
+    qor::qt::layout *content_layout;  ///< the creator of the section adds the content here
     double seconds;
     QPushButton *button;
 
 signals:
-    /// Sent after the slide. The argument is the inverse of the state on purpose: folding sends
-    /// false.
+    /// Sent after the slide. Note: the argument is the inverse of the state on purpose; folding
+    /// sends false.
     void folded(bool closed);
 
 private:
