@@ -4,12 +4,12 @@
 # Measures the speed and the memory of Kelvra. Installs missing Debian packages first, and says
 # which.
 #
-# usage: ./bench.sh [PHOTOS [RUNS]]  on 300 photos in 7 runs, unless it is told otherwise
-#        ./bench.sh try              a few photos, once, whatever the figures: does it all work?
+# usage: ./bench.sh [PHOTOS [RUNS]]  300 photos and 7 runs by default
+#        ./bench.sh try              a few photos and one run, to see that everything works
 #
-# The table of medians goes to build/bench/results.md too (that of a try to build/bench/try.md). The
-# status is 1 if a target is missed. Three sets of the photos lie in the folder for temporary files,
-# 3.6 GB for 300.
+# Prints the table of medians and writes it to build/bench/results.md, for a try to
+# build/bench/try.md. The status is 1 if a target is missed; a try ignores the targets. The folder for
+# temporary files needs room for three sets of the photos: 3.6 GB for 300.
 set -eu
 cd "$(dirname "$0")"
 
@@ -59,7 +59,7 @@ say() {
     echo "$*" >&2
 }
 
-# The figures of a program, under names that begin with the first argument.
+# Records the figures of a program under names that begin with the first argument.
 measure() {
     prefix=$1
     shift
@@ -67,7 +67,7 @@ measure() {
     sed "s/^/$prefix/" "$work/figures" >>"$samples"
 }
 
-# The milliseconds for each of so many photos that a command takes.
+# Records, under the name $1, the milliseconds that a command takes for each of $2 photos.
 time_command() {
     name=$1
     count=$2
@@ -89,7 +89,7 @@ make_photos() {
     done
 }
 
-# Fresh photos in folders of these names.
+# Puts unchanged photos into folders with these names.
 lay_out() {
     for folder in "$@"; do
         rm -rf "${work:?}/$folder"
@@ -98,7 +98,7 @@ lay_out() {
     sync
 }
 
-# What the program sends to the tool for these photos.
+# Records what the program sends to the tool for these photos.
 record_requests() {
     mkdir "$work/recorder"
     cp "$bench/batches.run/batches" "$work/recorder/"
@@ -133,7 +133,7 @@ shift_folder() {
     exiftool -m -overwrite_original_in_place '-AllDates+=0:0:0 1:0:0' "$work/photos"
 }
 
-# The program against bare requests, and against what one would type instead.
+# Measures the program, bare requests, and the commands that a user would type instead.
 measure_batches() {
     size=$1
     make_photos "$2"

@@ -4,10 +4,10 @@
 //
 // usage: batches FOLDER
 //        batches FOLDER RAW_FOLDER REQUESTS
-// With REQUESTS, which is what the program sends in the first form, the same requests go through
-// bare pipes to a second tool, which has the photos of RAW_FOLDER. The two take turns, a few photos
-// each, since a machine's speed drifts by more than what is measured here. The first read starts a
-// tool and isn't counted.
+// REQUESTS is a recording of what the program sends in the first form. With it, the same requests
+// also go through bare pipes to a second tool, for the photos of RAW_FOLDER. The two tools take
+// turns, a few photos each, since a machine's speed drifts by more than the difference measured
+// here. The first read starts a tool and isn't counted.
 
 #include "orv/button_dark.h"
 #include "orv/exiftool.h"
@@ -39,7 +39,8 @@ QStringList photos_in(const QString &folder)
     return paths;
 }
 
-/// The requests of a load and a fix: the first read, a read for each photo, a write for each.
+/// The requests of a load and a fix: the first read, then a read for each photo, then a write for
+/// each.
 class bare_requests
 {
 public:
@@ -75,7 +76,7 @@ private:
     std::size_t next = 0;
 };
 
-/// Lets the bare requests go out in the turns of a batch of the program, and keeps the two apart.
+/// Sends the bare requests in turn with a batch of the program, and measures the two separately.
 class turns
 {
 public:
@@ -87,7 +88,7 @@ public:
                          [this](int done) { take_turn(done); });
     }
 
-    /// Runs the batch and reports its times, less those of the bare requests.
+    /// Runs the batch and reports its times without those of the bare requests.
     /// @param has_done_all  whether the batch has taken all photos
     void run(const std::string &name, const std::function<void()> &batch,
              const std::function<bool()> &has_done_all)

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// An empty window of the program's size: what a start costs with these libraries at the least.
+// An empty window of the program's size: the least that a start costs with these libraries.
 
 #include <QApplication>
 #include <QWidget>

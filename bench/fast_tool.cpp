@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// Stands in for the metadata tool where its own time would hide the program's: answers each request
-// at once, a read with 150 tags as a camera writes them. The recording times of successive reads
-// are spread over two weeks and in no order.
+// Replaces the metadata tool in measurements where the tool's time would hide the program's.
+// Answers each request immediately; a read gets 150 tags like those of a camera. The recording
+// times of successive reads are spread over two weeks, in no order.
 
 #include <iostream>
 #include <string>
@@ -42,7 +42,7 @@ std::string two_digits(unsigned number)
     return (number < 10 ? "0" : "") + std::to_string(number);
 }
 
-/// Walks through the two weeks in steps that come round without an order.
+/// Goes through the two weeks in steps that wrap around, so that the times are in no order.
 std::string recording_time(unsigned photo)
 {
     constexpr unsigned scattered = 7919;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// A plugin that says on file descriptor 3 when the first window of a program has been painted. Qt
-// loads it where QT_QPA_GENERIC_PLUGINS names it and QT_PLUGIN_PATH leads to it.
+// A plugin that reports on file descriptor 3 when the first window of a program has been painted.
+// Qt loads it if QT_QPA_GENERIC_PLUGINS names it and QT_PLUGIN_PATH leads to it.
 
 #include <QCoreApplication>
 #include <QEvent>
@@ -16,7 +16,7 @@ namespace
 
 constexpr int watcher_descriptor = 3;
 
-/// Tells the watcher once the painting and what it sends to the screen are done.
+/// Tells the watcher when the painting is done and sent to the screen.
 class paint_teller : public QObject
 {
 public:

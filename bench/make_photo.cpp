@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// Makes a JPEG file of about a given size; its picture is noise.
+// Makes a JPEG file of approximately the given size; its picture is noise.
 //
 // usage: make_photo FILE KILOBYTES
 

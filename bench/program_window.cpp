@@ -14,7 +14,7 @@
 namespace
 {
 
-/// Hands `argc` on once all is done that goes ahead of the application object.
+/// Returns `argc` after doing everything that must be done before the application object exists.
 int &prepared(int &argc)
 {
     prepare_application();

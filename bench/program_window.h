@@ -9,22 +9,22 @@
 #include <QString>
 #include <QStringList>
 
-/// The program's window on the screen, set up as the program does it. The settings are those of the
-/// environment.
+/// The program's window on the screen, set up as in the program. The settings are those of the
+/// current environment.
 class program_window
 {
 public:
     program_window(int &argc, char **argv);
 
-    /// Puts a shift into the window's field of this unit ("hour").
+    /// Enters a shift in the window's field for this unit, such as "hour".
     void enter_shift(const QString &unit, const QString &text);
 
     orv::application<MainWindow> application;
-    MainWindow *window = nullptr;  ///< lives to the end of the process
+    MainWindow *window = nullptr;  ///< lives until the process ends
 };
 
-/// Whether the table has so many rows, each with a recording time.
+/// Whether the table has `count` rows, each with a recording time.
 bool all_have_times(const table_data_model &model, int count);
 
-/// Serves the events that come within this time.
+/// Processes events for this long.
 void serve_events_for(int time_ms);

@@ -6,8 +6,8 @@
 
 #include <string>
 
-/// A metadata tool of its own, started as the program starts it and spoken to through plain pipes:
-/// the least that a request can take.
+/// A separate metadata tool, started as the program starts it but used through bare pipes: the
+/// least time that a request can take.
 class raw_tool
 {
 public:
@@ -15,16 +15,16 @@ public:
     raw_tool(const raw_tool &) = delete;
     raw_tool &operator=(const raw_tool &) = delete;
 
-    /// Has the tool quit, and waits for it.
+    /// Makes the tool quit, and waits for it.
     ~raw_tool();
 
-    /// Sends a request and reads its whole reply, which is thrown away.
+    /// Sends a request, reads its whole reply and discards it.
     void answer(const std::string &request);
 
 private:
     void send(const std::string &text) const;
 
     pid_t process = -1;
-    int input = -1;   ///< of the tool
-    int output = -1;  ///< likewise
+    int input = -1;   ///< the pipe to the tool's standard input
+    int output = -1;  ///< the pipe from its standard output
 };

@@ -4,21 +4,20 @@
 
 #include <string>
 
-/// What the benchmarks read from the clock and from the system, and how they hand it on. A figure
-/// is a line "NAME VALUE" on standard output; the targets are those of the table that is made of
-/// them.
+/// What the benchmarks read from the clock and from the system, and how they report it. A figure is
+/// a line "NAME VALUE" on standard output; table.pl compares it with its target.
 
-/// Milliseconds of a clock that only goes forward.
+/// Milliseconds of a clock that never goes back.
 double now_ms();
 
-/// Milliseconds of processor time that the threads of this process have used, its children not
-/// counted.
+/// Milliseconds of processor time that the threads of this process have used, without its children.
 double own_cpu_ms();
 
-/// Bytes of this process that lie in memory (proc(5), statm).
+/// Resident memory of this process in bytes (proc(5), statm).
 double resident_bytes();
 
+/// Prints a figure.
 void report(const std::string &name, double value);
 
-/// Says on standard error what is wrong and ends the process with status 2.
+/// Prints the reason to standard error and ends the process with status 2.
 [[noreturn]] void give_up(const std::string &reason);

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// What many photos cost in the real window; the metadata tool beside this program answers at once.
+// Measures what many photos cost in the real window. The metadata tool next to this program answers
+// immediately.
 //
-// usage: rows COUNT TIMES   the load alone, several times
-//        rows COUNT all     once, and typing, sorting, idling and memory
+// usage: rows COUNT TIMES   only the load, several times
+//        rows COUNT all     a load, then typing, sorting, idling and memory
 
 #include "exif_cache.h"
 #include "main_window_form.h"
@@ -27,7 +28,7 @@ constexpr int idle_ms = 5000;
 constexpr double kilobyte = 1000.0;
 constexpr double megabyte = 1000.0 * kilobyte;
 
-/// Sees when a widget is painted.
+/// Notices when a widget is painted.
 class paint_watch : public QObject
 {
 public:
@@ -42,7 +43,7 @@ public:
     bool painted = false;
 };
 
-/// Names as cameras give them, in no order.
+/// File names like those of a camera, in no order.
 QStringList paths_of(int count)
 {
     constexpr int scattered = 7919;
@@ -53,8 +54,8 @@ QStringList paths_of(int count)
     return paths;
 }
 
-/// The bytes that the tags of all photos take in nodes of their maps: the node and, where they
-/// don't fit into the text objects, the characters.
+/// The bytes that the tags of all photos take in the nodes of their maps: the nodes, plus the
+/// characters of texts that don't fit into the string objects.
 double node_bytes()
 {
     constexpr std::size_t links_and_colour = 4 * sizeof(void *);
@@ -70,7 +71,7 @@ double node_bytes()
     return static_cast<double>(bytes);
 }
 
-/// From the press of a key to the end of the painting that follows, the slowest of many.
+/// The time from a key press to the end of the painting that follows: the slowest of many.
 double slowest_key_ms(MainWindow &window)
 {
     auto *field = window.findChild<orv::lineedit *>("lineedit_hour");
@@ -130,7 +131,7 @@ double mean_load_ms(MainWindow &window, int count, int times)
     return sum / times;
 }
 
-/// What happens once in a process: the tool starts, the progress dialog is made.
+/// Does what happens once in a process: the tool starts, the progress dialog is created.
 void warm_up(MainWindow &window)
 {
     window.resize(1920, 1080);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// The small pieces behind a load, a preview, a sort and a fix, each by itself.
+// Measures the small functions that a load, a preview, a sort and a fix use, each on its own.
 
 #include "core/batch_plan.h"
 #include "core/to_int.h"
@@ -19,7 +19,7 @@ namespace
 
 constexpr int photo_count = 10000;
 constexpr int tag_count = 150;
-constexpr int scattered = 7919;  ///< the step from one photo to the next, so that none is near
+constexpr int scattered = 7919;  ///< the step to the next photo, so that it isn't near
 
 QString path_of(int photo)
 {
@@ -45,7 +45,7 @@ const tag_map record = {
     {"rec_hour", "12"},    {"rec_minute", "00"},        {"rec_month", "05"},
     {"rec_second", "00"},  {"rec_year", "2017"}};
 
-/// A model with many photos, as a load leaves it.
+/// A model with many photos, as after a load.
 table_data_model &loaded_model()
 {
     static table_data_model model(nullptr);

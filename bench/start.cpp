@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// From the start of a program to its first painted window, and what it takes while it then idles.
+// Measures the time from the start of a program to its first painted window, and what it uses while
+// idle.
 //
 // usage: start PLUGINS PROGRAM [IDLE_SECONDS]
-// PLUGINS is the folder of the plugin that tells of the painting. With IDLE_SECONDS the program may
-// settle for three seconds and is then watched for so long, from outside.
+// PLUGINS is the folder of the plugin that reports the painting. With IDLE_SECONDS the program gets
+// three seconds to settle and is then watched from outside for that long.
 
 #include "readings.h"
 
@@ -24,7 +25,8 @@ namespace
 constexpr int watcher_descriptor = 3;
 constexpr unsigned settle_seconds = 3;
 
-/// Nanoseconds on a processor, all threads (Documentation/scheduler/sched-stats.rst of the kernel).
+/// Processor time of all threads in nanoseconds (Documentation/scheduler/sched-stats.rst of the
+/// kernel).
 double cpu_ns(const std::string &process)
 {
     double sum = 0.0;

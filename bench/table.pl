@@ -1,8 +1,8 @@
 #!/usr/bin/perl
 # SPDX-License-Identifier: GPL-3.0-or-later
 #
-# Makes the table of medians from the samples of bench.sh. The status is 1 if a target is missed, 2 if
-# a figure is.
+# Makes the table of medians from the samples of bench.sh. The status is 1 if a target is missed, 2
+# if a figure is missing.
 #
 # usage: table.pl PHOTOS RUNS FEW_ROWS MANY_ROWS SAMPLES PIECES
 # SAMPLES has a line "NAME VALUE" for each figure of each run, PIECES the report of small_pieces.
@@ -34,11 +34,11 @@ sub median {
 sub values_of {
     my ($name) = @_;
     my $count = @{$samples{$name} || []};
-    give_up("$count figures called $name") if $count != $runs;
+    give_up("$count figures called $name instead of $runs") if $count != $runs;
     return @{$samples{$name}};
 }
 
-# The quotients, run by run: what drifts from run to run falls out.
+# The ratios, run by run, so that drift from run to run cancels out.
 sub ratios {
     my ($above, $below) = @_;
     my @above = values_of($above);
@@ -87,8 +87,8 @@ by run.
 END
 batch_rows('small', '100 kB');
 batch_rows('large', '4 MB');
-row("$few photos, tool that answers at once: load", ' ms', undef, values_of('few_load_ms'));
-row("$many photos, tool that answers at once: load", ' ms', undef, values_of('many_load_ms'));
+row("$few photos, instant replies from the tool: load", ' ms', undef, values_of('few_load_ms'));
+row("$many photos, instant replies from the tool: load", ' ms', undef, values_of('many_load_ms'));
 row("load, $many photos / $few", '', 1.1, ratios('many_load_ms', 'few_load_ms'));
 row("$many rows: slowest of 20 keys until painted", ' ms', 8, values_of('many_key_ms'));
 row("$many rows: sort by name", ' ms', 250, values_of('many_sort_by_name_ms'));
@@ -106,7 +106,7 @@ row('memory after a reset / before the load', '', 1.10,
     ratios('many_reset_mb', 'many_empty_mb'));
 row('idle without the focus, processor time in a second', ' ms', 0,
     values_of('kelvra_idle_ms_per_s'));
-row("idle, $many rows and a blinking caret, the same", ' ms', undef,
+row("idle with $many rows and a blinking caret, the same", ' ms', undef,
     values_of('many_caret_idle_ms_per_s'));
 
 print "\n```\n";
