@@ -8,8 +8,8 @@
 #        ./bench.sh try              a few photos and one run, to see that everything works
 #
 # Prints the table of medians and writes it to build/bench/results.md, for a try to
-# build/bench/try.md. The status is 1 if a target is missed; a try ignores the targets. The folder for
-# temporary files needs room for three sets of the photos: 3.6 GB for 300.
+# build/bench/try.md. The status is 1 if a target is missed; a try ignores the targets. The folder
+# for temporary files needs room for three sets of the photos: 3.6 GB for 300.
 set -eu
 cd "$(dirname "$0")"
 

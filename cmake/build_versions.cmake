@@ -1,22 +1,22 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 #
-# Writes the header with the versions of the program and of its source trees, where they changed.
+# Writes the header with the versions of the program and of its source trees, if they have changed.
 #
 # usage: cmake -D source_folder=FOLDER -D project_version=1.2.3 -D header=FILE
 #              -P build_versions.cmake
 #
-# The source folder counts as a repository if it is the top of one that git can read. What git can't
-# answer, as in a source archive, stands as commit 0000000.
+# The source folder counts as a repository if it is the top of one that git can read. If git gives
+# no answer, as in a source archive, the commit is 0000000.
 cmake_minimum_required(VERSION 3.25)
 
-# A git hook that builds names its own repository for all that it starts.
+# A build that a git hook starts inherits variables that name the hook's repository.
 unset(ENV{GIT_DIR})
 unset(ENV{GIT_WORK_TREE})
 
 file(REAL_PATH "${source_folder}" source_folder)
 
-# Puts what git says into `answer`, which stays as it is where git fails or says nothing. The owner
-# of the folder doesn't matter: it is being built anyway.
+# Puts git's output into `answer`, which is unchanged if git fails or prints nothing. The owner of
+# the folder doesn't matter: it is being built anyway.
 function(ask_git answer)
     execute_process(
         COMMAND git -c "safe.directory=${source_folder}" ${ARGN}

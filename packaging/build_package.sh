@@ -1,13 +1,13 @@
 #!/bin/sh
 # SPDX-License-Identifier: GPL-3.0-or-later
 #
-# Builds the Debian package from the tree as it stands, and packs the source archive of the last
-# commit, into build/package/. Installs missing Debian packages first, and says which.
+# Builds the Debian package from the working tree, and the source archive from the last commit, into
+# build/package/. Installs missing Debian packages first, and says which.
 #
 # usage: packaging/build_package.sh
 #
 # Needs a full clone. The same commit gives the same bytes, wherever and whenever it is built, as
-# long as its tags and the packages of Debian are the same.
+# long as its tags and the Debian packages are the same.
 set -eu
 cd "$(dirname "$0")/.."
 
@@ -15,20 +15,20 @@ tools/install_packages.sh build package
 
 if [ "$(git rev-parse --show-toplevel)" != "$(pwd -P)" ] ||
     [ "$(git rev-parse --is-shallow-repository)" = true ]; then
-    echo "The package is built in a full clone: its versions and times come from the commits." >&2
+    echo "The package needs a full clone: its versions and times come from the commits." >&2
     exit 2
 fi
 if [ -n "$(git status --porcelain)" ]; then
-    echo "The package holds changes that aren't committed; the source archive doesn't."
+    echo "The package contains uncommitted changes; the source archive doesn't."
 fi
 
-# All times in the packages are that of the commit.
+# All times in the packages are the time of the commit.
 SOURCE_DATE_EPOCH=$(git log -1 --format=%ct)
 export SOURCE_DATE_EPOCH
 umask 022
 
-# The compiler is told what Debian's own packages are built with. The path of this folder is taken
-# out of what it writes by the build itself, which takes any path.
+# The compiler gets the flags that Debian's own packages are built with. The build itself removes
+# the path of this folder from the compiler's output, and can do so for any path.
 export DEB_BUILD_MAINT_OPTIONS="hardening=+all reproducible=-fixfilepath"
 flags_of() {
     dpkg-buildflags --get "$1"

@@ -1,14 +1,14 @@
 #!/bin/sh
 # SPDX-License-Identifier: GPL-3.0-or-later
 #
-# Tries ./run.sh and ./test.sh on machines that have nothing but git: in two roots of a release of
-# Debian, in one as root, in the other as a normal user with sudo. Takes the last commit of the tree.
+# Tries ./run.sh and ./test.sh on machines that have only git: in two root folders with a release of
+# Debian, in one as root, in the other as a normal user with sudo. Uses the last commit of the tree.
 # Installs missing Debian packages first, and says which.
 #
 # usage: packaging/check_fresh_machine.sh [RELEASE [root | user]]
-#   RELEASE  bookworm (Debian 12, which it is without one) or trixie (Debian 13)
+#   RELEASE  bookworm (Debian 12, the default) or trixie (Debian 13)
 #
-# Is run by root, and takes about half an hour. Ends with the first thing that fails.
+# Has to be run by root, and takes about half an hour. Stops at the first failure.
 set -eu
 cd "$(dirname "$0")/.."
 . packaging/fresh_root.sh
@@ -37,7 +37,7 @@ clean_up() {
 trap clean_up EXIT
 trap 'exit 1' HUP INT TERM
 
-# What a new user types, in the folder of the clone. Without a display ./run.sh runs the
+# The commands that a new user types in the folder of the clone. Without a display ./run.sh runs the
 # demonstration.
 first_steps="./run.sh && ./test.sh"
 

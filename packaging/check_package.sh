@@ -1,16 +1,16 @@
 #!/bin/sh
 # SPDX-License-Identifier: GPL-3.0-or-later
 #
-# Checks the Debian package of the last commit: built in two folders it has the same bytes, lintian
-# finds nothing, it needs what it should and is hardened as Debian's packages are, and in a fresh
-# Debian it is installed with all that it needs, a photo is loaded, fixed and undone in the
-# installed program, and its removal leaves nothing. Installs missing Debian packages first, and
-# says which.
+# Checks the Debian package of the last commit: built in two folders, it has the same bytes; lintian
+# finds nothing; its dependencies are the expected ones; and it is hardened as Debian's packages
+# are. Then installs it in a fresh Debian with its dependencies, loads a photo in the installed
+# program, fixes it and undoes the fix, and checks that removing the package leaves nothing.
+# Installs missing Debian packages first, and says which.
 #
 # usage: packaging/check_package.sh [RELEASE]
-#   RELEASE  of the fresh Debian: bookworm (Debian 12, which it is without one) or trixie (Debian 13)
+#   RELEASE  of the fresh Debian: bookworm (Debian 12, the default) or trixie (Debian 13)
 #
-# Is run by root. The package and the source archive are left in build/package/.
+# Has to be run by root. The package and the source archive are left in build/package/.
 set -eu
 cd "$(dirname "$0")/.."
 . packaging/fresh_root.sh
@@ -64,7 +64,7 @@ complain() {
     exit 1
 }
 
-# The names alone, without versions.
+# Only the names, without versions.
 check_dependencies() {
     needed=$(dpkg-deb --field "build/package/$package" Depends |
         sed 's/ *([^)]*)//g; s/, */\n/g' | LC_ALL=C sort)
@@ -75,10 +75,10 @@ libqt5core5a
 libqt5gui5 | libqt5gui5-gles
 libqt5widgets5
 libstdc++6
-qttranslations5-l10n" ] || complain "the package needs other packages than it should: $needed"
+qttranslations5-l10n" ] || complain "the package has other dependencies than expected: $needed"
 }
 
-# What the flags of Debian leave in a program, and what the build should not.
+# The program has the signs of Debian's compiler flags, and not the path of the build folder.
 check_program() {
     mkdir "$scratch/unpacked"
     dpkg-deb --extract "build/package/$package" "$scratch/unpacked"
@@ -88,7 +88,7 @@ check_program() {
     for sign in 'Type: *DYN' GNU_RELRO BIND_NOW __stack_chk_fail '_chk@GLIBC'; do
         grep -q "$sign" "$scratch/readelf" || complain "the program isn't hardened: no $sign"
     done
-    ! grep -q "$scratch" "$program" || complain "the program names the folder that it was built in"
+    ! grep -q "$scratch" "$program" || complain "the program contains the path of its build folder"
 }
 
 check_source_archive() {
@@ -111,7 +111,7 @@ remove_package() {
     run_in_root "$root" apt-get purge --yes kelvra
 }
 
-# What the package needs comes with it, and stays for the comparison behind its removal.
+# The dependencies are installed with the package, and stay for the comparison after its removal.
 install_in_fresh_root() {
     make_fresh_root "$root" xauth,xvfb,openbox,xdotool "$release"
     run_in_root "$root" useradd --create-home anna
@@ -131,7 +131,7 @@ use_in_root() {
         /srv/packaging/use_installed.sh
 }
 
-# What stands in the root, but for the notes of the package tools and what belongs to users.
+# All paths in the root except the records of the package tools and what belongs to users.
 list_root() {
     (cd "$root" && find . -xdev \( -path ./home -o -path ./proc -o -path ./tmp -o -path ./srv \
         -o -path ./var/cache -o -path ./var/lib/apt -o -path ./var/lib/dpkg -o -path ./var/log \
@@ -141,13 +141,13 @@ list_root() {
 leaves_nothing() {
     remove_package
     list_root >"$scratch/files_before"
-    ! grep -i kelvra "$scratch/files_before" || complain "the removal left what is named above"
+    ! grep -i kelvra "$scratch/files_before" || complain "the removal left the files listed above"
     install_package
     use_in_root
     remove_package
     list_root >"$scratch/files_after"
     diff "$scratch/files_before" "$scratch/files_after" ||
-        complain "the removal left something behind, or took something with it"
+        complain "the removal left files over, or removed files of others"
 }
 
 build_twice
@@ -157,4 +157,4 @@ check_program
 lintian --fail-on error,warning "build/package/$package"
 install_in_fresh_root
 leaves_nothing
-echo "$package holds what it should."
+echo "$package passed all checks."

@@ -1,17 +1,17 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 # shellcheck shell=sh
 #
-# A release of Debian in a folder of its own, for the scripts that try things on a fresh machine.
-# They are run by root. Sourced, not run.
+# A release of Debian in a separate root folder, for the scripts that try things on a fresh machine.
+# They have to be run by root. This file is sourced, not run.
 
-# All users of the root read what is put there.
+# All users of the root folder have to be able to read what is put there.
 umask 022
 
 debian_mirror=${DEBIAN_MIRROR:-http://deb.debian.org/debian}
 security_mirror=${DEBIAN_SECURITY_MIRROR:-http://deb.debian.org/debian-security}
 
-# Makes the folder $1 a root of the release $3 (bookworm without one) with the least of packages, and
-# the packages $2 (with commas between).
+# Makes the folder $1 a root folder of the release $3 (by default bookworm) with as few packages as
+# possible, plus the packages $2 (separated by commas).
 make_fresh_root() {
     release=${3:-bookworm}
     mkdir -p "$1"
@@ -26,7 +26,7 @@ END
     mount --bind /dev/pts "$1/dev/pts"
 }
 
-# Runs the command $2... in the root $1, with nothing of this machine's environment.
+# Runs the command $2... in the root folder $1, without this machine's environment.
 run_in_root() {
     new_root=$1
     shift
@@ -34,7 +34,7 @@ run_in_root() {
         PATH=/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin "$@"
 }
 
-# The same as the user $2, in whose home the command begins.
+# The same, as the user $2 and in that user's home folder.
 run_in_root_as() {
     new_root=$1
     user=$2
@@ -43,7 +43,7 @@ run_in_root_as() {
         env --chdir="/home/$user" "HOME=/home/$user" "$@"
 }
 
-# Removes the root $1, with what still runs in it.
+# Removes the root folder $1, and kills what still runs in it.
 remove_root() {
     for process in /proc/[0-9]*; do
         case $(readlink "$process/root") in

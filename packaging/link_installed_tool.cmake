@@ -1,8 +1,9 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 
-# Links the metadata tool into the installed program's folder, under the name that it is started by:
-# with a relative path where both lie below the prefix, as in a package of the system. Not below the
-# root itself: what stands there may be a link to a folder elsewhere, from which ".." leads astray.
+# Links the metadata tool into the installed program's folder, under the name by which the program
+# starts it. The path is relative if both are below the prefix, as in a package of the system,
+# unless the prefix is the root folder: a folder there may be a link to another place, from which
+# ".." leads astray.
 #
 # Runs in an installation, with `exiftool_program` and `private_folder` set.
 

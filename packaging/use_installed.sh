@@ -2,13 +2,13 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 #
 # Uses the installed program as a user does, with keys and the mouse: loads a photo, moves its time
-# by an hour, takes that back, and closes the window. Ends with an error where the photo doesn't get
-# the times that it should, or isn't as it was at the end.
+# by an hour, undoes that, and closes the window. Ends with an error if the photo doesn't get the
+# expected times, or doesn't have its original tags at the end.
 #
 # usage: packaging/use_installed.sh
 #
-# Runs in a home of its own with a UTF-8 locale, and needs `kelvra`, an X display, openbox and
-# xdotool.
+# Has to run in a separate home folder with a UTF-8 locale. Needs `kelvra`, an X display, openbox
+# and xdotool.
 set -eu
 # shellcheck source=tools/drive_window.sh
 . "$(dirname "$0")/../tools/drive_window.sh"
@@ -72,7 +72,7 @@ sleep 0.5
 xdotool key alt+F4
 wait "$program"
 if [ "$(all_tags)" != "$tags_before" ]; then
-    echo "the undo left other tags than there were:" >&2
+    echo "after the undo the tags differ from the original ones:" >&2
     all_tags >&2
     exit 1
 fi

@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 
-# The Debian package: its documents, as Debian's policy asks for them, and what stands in its
-# control file. The licences that each system of Debian holds are links to those.
+# The Debian package: its documents, as Debian's policy requires them, and the contents of its
+# control file. Licences that every Debian system has are links to those.
 
 function(install_compressed file folder name)
     set(compressed ${CMAKE_CURRENT_BINARY_DIR}/${name}.gz)
@@ -35,11 +35,11 @@ set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
 "Shows the recording time of each photo of a folder, takes a shift or a time
 zone, shows the new times live, and writes them into all the date tags that
 each photo has: EXIF, IPTC, XMP and the dates of the file. Photos that can't
-be written are named, and the last batch can be taken back.")
+be written are named, and the last batch can be undone.")
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION graphics)
 set(CPACK_DEBIAN_PACKAGE_HOMEPAGE https://vorrin.example/)
-# The libraries come from what the program is linked to.
+# The dependencies on libraries follow from what the program is linked to.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "libimage-exiftool-perl, qttranslations5-l10n")
 # Opens the help page and the links in the browser.

@@ -3,12 +3,14 @@
 #
 # Renders the SVG sources below this folder into PNG files in the folder above:
 #
-#   images/, gui/   NAME.png at the pixel size that the source states, and NAME@2x.png at twice that,
-#                   for screens with two pixels where others have one: from NAME@2x.svg where the
-#                   shape has to be drawn anew for that, else from NAME.svg. The nine-slice pictures
-#                   have no such variant, since their edge is three pixels in any case.
-#   icons/          the icon theme, with a folder for each size and one, SIZE@2, for such screens
-#   program_icon/   the sizes of the program icon; the small ones have sources of their own
+#   images/, gui/   NAME.png at the pixel size that the source states, and NAME@2x.png at twice that
+#                   size, for screens with two device pixels per pixel. NAME@2x.png comes from
+#                   NAME@2x.svg if the shape needs a separate drawing, otherwise from NAME.svg. The
+#                   nine-slice pictures have no such variant, since their edge is always three
+#                   pixels wide.
+#   icons/          the icon theme, with a folder SIZE for each size and a folder SIZE@2 for such
+#                   screens
+#   program_icon/   the sizes of the program icon; the small ones have their own sources
 #
 # usage: render.sh [FOLDER]  into that folder instead of the one above
 #
@@ -20,7 +22,7 @@ cd "$(dirname "$0")"
 
 ../../tools/install_packages.sh artwork
 
-# Renders the source $1 to $2 in the folder, with what options follow.
+# Renders the source $1 to $2 in the target folder, with the options that follow.
 render() {
     source=$1
     target=$target_folder/$2
