@@ -1,35 +1,35 @@
 #!/bin/sh
 # SPDX-License-Identifier: GPL-3.0-or-later
 #
-# Checks the sources, and what is made from them by hand, without running a test. Installs missing
-# Debian packages first, and says which.
+# Checks the sources, and the files made from them by hand, without running a test. Installs missing
+# Debian packages first, and lists them.
 #
 # usage: ./lint.sh          all steps
 #        ./lint.sh STEP     one of them
-#          blanks     no blanks at the ends of lines, no tabs at their starts
-#          format     C++ stands as .clang-format says
-#          includes   go one way (tools/check_includes.pl)
-#          scripts    shellcheck is content, and Perl can read its scripts
-#          documents  say what is there (tools/check_documents.pl)
-#          desktop    desktop entry and metainfo are valid
-#          pictures   the PNG files are what resources/artwork/render.sh makes of their sources
-#          clazy      knows nothing against our use of Qt
-#          tidy       clang-tidy finds nothing of what .clang-tidy lists
+#          whitespace  no line ends with white space or starts with a tab
+#          format      C++ is formatted as .clang-format says
+#          includes    follow the order of the modules (tools/check_includes.pl)
+#          scripts     shellcheck finds nothing, and Perl can parse its scripts
+#          documents   agree with the tree (tools/check_documents.pl)
+#          desktop     desktop entry and metainfo are valid
+#          pictures    the PNG files are what resources/artwork/render.sh makes of their sources
+#          clazy       finds no misuse of Qt
+#          tidy        clang-tidy finds nothing that .clang-tidy lists
 #
-# All steps are gone through, and those that found something named at the end. The program's sources
-# are looked at closely, its tests and benchmarks for their format and their includes alone.
+# Runs every step and lists the failed ones at the end. Tests and benchmarks are only checked for
+# format and includes, the program's sources for everything.
 set -eu
 cd "$(dirname "$0")"
-git rev-parse --git-dir >/dev/null  # what is looked at is what git lists
+git rev-parse --git-dir >/dev/null  # the files to check come from git
 
-steps="blanks format includes scripts documents desktop pictures clazy tidy"
+steps="whitespace format includes scripts documents desktop pictures clazy tidy"
 
 usage() {
     sed -n '4,/^set/s/^# \{0,1\}//p' lint.sh >&2
     exit 2
 }
 
-# The files of these patterns, those that git doesn't know yet too.
+# The files that match these patterns, including untracked ones.
 files() {
     git ls-files --cached --others --exclude-standard "$@"
 }
@@ -38,15 +38,15 @@ program_sources() {
     files 'src/*.cpp' 'orv_toolkit/*.cpp' 'qor/*.cpp'
 }
 
-# Headers that no source begins with: nothing else shows that they compile alone.
+# Headers without a source of their own: nothing else shows that they compile on their own.
 lone_headers() {
     files 'src/*.h' 'orv_toolkit/*.h' 'qor/*.h' | while read -r header; do
         [ -e "${header%.h}.cpp" ] || echo "$header"
     done
 }
 
-# Runs a tool on the files named on standard input, on all cores, without its counts of warnings in
-# foreign headers.
+# Runs a tool on the files named on standard input, on all cores. Drops its counts of warnings in
+# other projects' headers.
 on_each() {
     status=0
     xargs -P "$(nproc)" -n 1 "$@" >"$work/findings" 2>&1 || status=1
@@ -59,8 +59,8 @@ prepare_build() {
     cmake --build --preset lint --target build_versions >"$work/build_log"
 }
 
-# The texts of licences stay as their authors wrote them. Files that git doesn't know yet wait.
-check_blanks() {
+# Licence texts stay as their authors wrote them. Untracked files aren't checked.
+check_whitespace() {
     no_files=$(git hash-object -t tree /dev/null)
     git -c core.whitespace=trailing-space,tab-in-indent diff --check "$no_files" -- . \
         ':!LICENSE' ':!packaging/licenses' ':!packaging/debian/copyright'
@@ -99,9 +99,9 @@ check_pictures() {
     diff "$work/expected" "$work/present"
 }
 
-# non-pod-global-static: names of tags and tables stand as objects at the top of their sources. None
-# is made from another, and nobody reads them before main. Findings fail since the preset makes
-# errors of warnings.
+# no-non-pod-global-static: names of tags and tables are global objects in their sources. None is
+# made from another, and nothing reads them before main. Findings fail the step, since the preset
+# turns warnings into errors.
 check_clazy() {
     prepare_build
     program_sources | on_each clazy-standalone -p build/lint \

@@ -1,12 +1,12 @@
 #!/bin/sh
 # SPDX-License-Identifier: GPL-3.0-or-later
 #
-# Builds Kelvra and starts it. Installs missing Debian packages first, and says which.
+# Builds Kelvra and starts it. Installs missing Debian packages first, and lists them.
 #
 # usage: ./run.sh         the program; without a display the demonstration
-#        ./run.sh demo    the demonstration: fixes and undoes three photos of its own in the real
-#                         window, compares each step with what ExifTool says, and leaves pictures
-#                         of the steps in build/demo/
+#        ./run.sh demo    the demonstration: fixes and undoes three photos that it makes, in the
+#                         real window, compares each step with ExifTool's output, and saves
+#                         pictures of the steps in build/demo/
 set -eu
 cd "$(dirname "$0")"
 

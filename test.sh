@@ -1,13 +1,13 @@
 #!/bin/sh
 # SPDX-License-Identifier: GPL-3.0-or-later
 #
-# Builds Kelvra and runs its tests. Installs missing Debian packages first, and says which.
+# Builds Kelvra and runs its tests. Installs missing Debian packages first, and lists them.
 #
 # usage: ./test.sh           the tests
 #        ./test.sh asan      the same with AddressSanitizer and UndefinedBehaviorSanitizer
 #        ./test.sh clang     the tests, built with clang
-#        ./test.sh coverage  the tests, and which lines and branches of the program ran; a page for
-#                            each source goes to build/coverage/report
+#        ./test.sh coverage  the tests, and which lines and branches of the program they run; writes
+#                            a page for each source to build/coverage/report
 #        ./test.sh soak      5,000 photos loaded, fixed and undone three times in one process
 set -eu
 cd "$(dirname "$0")"

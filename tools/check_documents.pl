@@ -1,21 +1,21 @@
 #!/usr/bin/perl
 # SPDX-License-Identifier: GPL-3.0-or-later
 #
-# Checks the documents against the tree, and names what isn't true, as FILE:LINE: WHAT.
+# Checks that the documents agree with the tree. Prints each mistake as FILE:LINE: WHAT.
 #
 # usage: tools/check_documents.pl
 #
 #   Links     lead to a file, a picture or a heading that exists.
-#   Names     between backticks exist. A path below a folder of the tree is a file or folder there,
-#             NAME and the like standing for anything; a::b has all its parts in one source; what
-#             stands behind "Test:" or in a column "Tests" or "Shown by" is a test; anything else is
-#             found in the sources as it stands, or in the list below.
-#   Commands  are lines of a block marked "sh", and words between backticks that begin with "./" or
-#             name a script with arguments. Each is run by .ci/run or .ci/long, or by a script that
-#             these run. Words in capitals stand for anything, in a script so do variables.
-#   Versions  are that of the project.
+#   Names     between backticks exist. A path below a folder of the tree is a file or folder there;
+#             NAME and other placeholders match anything. All parts of a::b are in one source. A
+#             name after "Test:" or in a column "Tests" or "Shown by" is a test. Anything else is
+#             in the sources exactly as written, or in the list below.
+#   Commands  are lines of a block marked "sh", and text between backticks that begins with "./" or
+#             names a script with arguments. Each is run by .ci/run or .ci/long, or by a script that
+#             these run. Words in capitals match anything, and so do variables in a script.
+#   Versions  are the project's version.
 #
-# Ends with 1 if anything is wrong.
+# Exits with 1 if anything is wrong.
 use strict;
 use warnings;
 use File::Basename;
@@ -32,13 +32,13 @@ my $file_name = qr{^[^/\s]*[\w*]\.(cpp|h|sh|pl|md|ts|svg|png|html|cmake|supp|jso
 my $placeholder = qr/\b(?:PREFIX|PHOTO)\b|(?<![A-Z])NAME(?![A-Z])|\*/;
 my $variable = qr/\$\(.*?\)|\$\{.*?\}|\$[\w@#]+/;
 
-# Names that stand in no source, and why they are in a document all the same.
+# Names that are in no source, and why a document may use them.
 my %foreign = (
     'kelvra_help_en.html' => 'what the program writes, from kelvra_help_%1.html',
     'man kelvra' => 'shows packaging/man/kelvra.1 once it is installed',
 );
 
-# Commands that run in other words: in a test on copies, in a script into a folder of its own.
+# Commands that run in another form: a test runs them on copies, a script into a separate folder.
 my %run_otherwise = (
     'cmake --install build/release --prefix PREFIX' => 'tests/program/test_installation.cpp',
     'lupdate src -ts resources/translations/de.ts' => 'tests/program/test_catalogues.cpp',
@@ -106,7 +106,7 @@ sub lines_of_document {
     return @lines;
 }
 
-# What links to the headings of a document end in.
+# The anchors of a document's headings, as links use them.
 sub anchors_of {
     my ($document) = @_;
     my $prose = text_of($document) =~ s/^\s*```.*?^\s*```$//gmsr;
@@ -119,9 +119,9 @@ sub check_link {
     my ($path, $anchor) = split /#/, $target, 2;
     $path = length $path ? dirname($document) . "/$path" : $document;
     if (!-e $path) {
-        fail($place, "a link to $target, which doesn't exist");
+        fail($place, "link to $target, which doesn't exist");
     } elsif (defined $anchor && !{anchors_of($path)}->{$anchor}) {
-        fail($place, "a link to $target: no such heading");
+        fail($place, "link to $target: no such heading");
     }
 }
 
@@ -146,7 +146,7 @@ sub is_path_of_tree {
     return $path =~ m{^([^/]+)/} && -d $1 && $1 ne 'build';
 }
 
-# Whether the path is in the tree, or a name of a file alone somewhere in it.
+# Whether the path is in the tree. A file name without a folder may be anywhere in it.
 sub exists_in_tree {
     my ($path) = @_;
     my $pattern = join '[^/]*', map { quotemeta } split $placeholder, $path =~ s{/$}{}r, -1;
@@ -168,13 +168,13 @@ sub check_name {
     if (exists $foreign{$name}) {
         $used{$name} = 1;
     } elsif (!is_known($name)) {
-        fail($place, "`$name` is nowhere in the tree");
+        fail($place, "`$name` isn't in the tree");
     }
 }
 
 sub check_test {
     my ($place, $name) = @_;
-    fail($place, "`$name` is no test") unless $is_test{$name};
+    fail($place, "`$name` isn't a test") unless $is_test{$name};
 }
 
 # --- Commands ---------------------------------------------------------------------------------
@@ -204,8 +204,8 @@ sub follow_script {
     }
 }
 
-# Whether the word of a document is what the word of a script stands for. Of a path with a variable
-# in it the last part counts.
+# Whether the word of a document matches the word of a script. If that is a path with a variable,
+# only the last parts are compared.
 sub is_same_word {
     my ($wanted, $found) = @_;
     return 1 if $wanted =~ /^[A-Z]{3,}$/ && $found !~ /^-/;
@@ -254,7 +254,7 @@ sub check_command {
     } elsif (-f ($run_otherwise{$command} || '')) {
         $used{$command} = 1;
     } elsif (!is_run($command)) {
-        fail($place, "`$command` is run by none of: @entries, and what they run");
+        fail($place, "`$command` isn't run by @entries, or by a script that they run");
     }
 }
 
@@ -293,7 +293,7 @@ sub check_table_row {
 sub check_versions {
     my ($place, $text) = @_;
     while ($text =~ /kelvra[_-](\d+\.\d+\.\d+)/g) {
-        fail($place, "version $1 in the place of $version") if $1 ne $version;
+        fail($place, "version $1 instead of $version") if $1 ne $version;
     }
 }
 
@@ -305,7 +305,7 @@ sub check_document {
         check_versions($place, $text);
         check_command($place, $text) if $kind eq 'sh';
         next if $kind ne 'prose';
-        fail($place, 'put what is indented into a block') if $text =~ /^(\t| {4,})\S/;
+        fail($place, 'put the indented text into a block') if $text =~ /^(\t| {4,})\S/;
         my $plain = $text =~ s/`[^`]*`//gr;
         check_link($place, $document, $1) while $plain =~ /\]\(([^)\s]+)\)/g;
         if ($text =~ /^\|/) {
@@ -333,7 +333,7 @@ for my $entry (@entries) {
 }
 check_document($_) for @documents;
 check_newest_change();
-fail('tools/check_documents.pl', "`$_` stands in a list here but in no document")
+fail('tools/check_documents.pl', "`$_` is in a list here but in no document")
     for grep { !$used{$_} } sort keys %foreign, keys %run_otherwise;
 print scalar(@documents), " documents agree with the tree\n" unless $failures;
 exit($failures ? 1 : 0);

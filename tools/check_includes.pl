@@ -1,13 +1,14 @@
 #!/usr/bin/perl
 # SPDX-License-Identifier: GPL-3.0-or-later
 #
-# Checks that includes go one way. Names each include that doesn't, as FILE:LINE: WHAT.
+# Checks that includes follow the order of the modules. Prints each that doesn't, as
+# FILE:LINE: WHAT.
 #
 # usage: tools/check_includes.pl
 #
-#   Our own headers   are included in quotes, from the modules that a source may use (see below).
-#   Headers of Qt     in angle brackets, are for all but qor.
-#   A header's source includes it as the first, which shows that the header compiles alone.
+#   Our headers   are included in quotes, from the modules that a source may use (see below).
+#   Qt's headers  are included in angle brackets, by every module except qor.
+#   A source      includes its own header first, which shows that the header compiles on its own.
 use strict;
 use warnings;
 use File::Basename;
@@ -15,8 +16,8 @@ use FindBin;
 
 chdir "$FindBin::Bin/.." or die "$!\n";
 
-# A module is a folder, but for two: the metadata tool's sources lie in the toolkit's folder, and
-# the cache of what it reported lies in src.
+# A module is a folder, with two exceptions: the metadata tool's sources are in the toolkit's
+# folder, and the cache of its reports is in src.
 my $metadata = qr{^orv_toolkit/orv/(exiftool|tag_catalogue|tag_catalogue_names|tag_map|tag_reply)\.};
 my $cache = qr{^src/exif_cache\.};
 
@@ -50,7 +51,7 @@ my %allowed = (
     'tests/demo' => \@support,
 );
 
-# Where the compiler looks for what is in quotes; the build generates the others.
+# Where the compiler looks for headers in quotes; the build generates the others.
 my @search_path = ('', 'orv_toolkit/', 'src/', 'bench/', 'tests/support/');
 my $generated = qr{^(orv/build_versions\.h|\w+\.moc)$};
 
@@ -67,7 +68,7 @@ sub module_of {
     return $file =~ $metadata ? 'metadata' : $file =~ $cache ? 'cache' : dirname($file);
 }
 
-# The path of the header of that name, or nothing.
+# The path of the header with this name, or nothing.
 sub path_of {
     my ($name) = @_;
     for my $path (dirname($ARGV) . '/', @search_path) {
@@ -97,7 +98,7 @@ sub check_foreign {
     }
 }
 
-# A source without a header of its name may begin with any.
+# A source that has no header of its own may include any header first.
 sub check_first {
     my ($name) = @_;
     (my $header = $ARGV) =~ s/\.cpp$/.h/;

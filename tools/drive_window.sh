@@ -1,17 +1,16 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 # shellcheck shell=sh disable=SC2034,SC2154  # some variables belong to the scripts that source this
 #
-# Drives the program's window with keys and the mouse, on an X display with a window manager. Sourced
-# by scripts, not run. They set `scale`, the pixels of the display for one of the program's, which may
-# be a fraction such as 1.5, and have picture_of_failure, which is called when something was waited
-# for in vain.
+# Drives the program's window with keys and the mouse, on an X display with a window manager.
+# Scripts source it. They set `scale`, the display's pixels per pixel of the program, which may be a
+# fraction such as 1.5, and define picture_of_failure, which is called when a wait has failed.
 
-# The pixels of the display for $1 of the program's.
+# The display's pixels for $1 pixels of the program.
 display_pixels() {
     awk -v pixels="$1" -v scale="$scale" 'BEGIN { printf "%.0f", pixels * scale }'
 }
 
-# The program's pixels for $1 of the display's.
+# The program's pixels for $1 pixels of the display.
 program_pixels() {
     awk -v pixels="$1" -v scale="$scale" 'BEGIN { printf "%.0f", pixels / scale }'
 }
@@ -22,7 +21,7 @@ wait_until() {
     until "$@"; do
         tries=$((tries - 1))
         if [ "$tries" -eq 0 ]; then
-            echo "waited in vain for: $*" >&2
+            echo "timed out waiting for: $*" >&2
             picture_of_failure
             exit 1
         fi
@@ -34,8 +33,9 @@ has_window_manager() {
     xdotool get_num_desktops >/dev/null 2>&1
 }
 
-# A window that comes up before the manager does may stay unseen, so this waits for it. Without
-# frames, so that a list that reaches out of its dialog has nothing foreign around it.
+# A window that opens before the window manager runs may stay invisible, so this waits for the
+# manager. Windows have no frames, so that a list that extends beyond its dialog has nothing else
+# around it.
 start_window_manager() {
     mkdir -p "$HOME/.config/openbox"
     cat >"$HOME/.config/openbox/rc.xml" <<'END'
@@ -65,7 +65,7 @@ is_main_window_up() {
     [ -n "$main" ]
 }
 
-# Puts the program's window into `main`, once it has come up, and moves it to a fixed place.
+# Stores the program's window in `main` once it has opened, and moves it to a fixed place.
 find_main_window() {
     wait_until is_main_window_up
     wait_until is_active "$main"
@@ -73,7 +73,7 @@ find_main_window() {
     sleep 0.5
 }
 
-# Puts the window that came up over the window $1 into `dialog`, once it had time to be painted.
+# Stores the window that opened over the window $1 in `dialog`, once it has had time to be painted.
 find_dialog_over() {
     wait_until is_another_active "$1"
     sleep 0.4
@@ -86,13 +86,13 @@ close_dialog_over() {
     sleep 0.3
 }
 
-# The number behind the word $2 in what the display says about the window $1.
+# The value that the display reports for the property $2 of the window $1.
 window_info() {
     xwininfo -id "$1" | sed -n "s/^ *$2: *//p"
 }
 
-# Moves the mouse to the point $2, $3 of the window $1, in the program's own pixels; negative ones
-# are counted from the right and from the bottom.
+# Moves the mouse to the point $2, $3 of the window $1, in the program's pixels. Negative values are
+# counted from the right and from the bottom.
 point_at() {
     x=$(display_pixels "$2")
     y=$(display_pixels "$3")
@@ -124,7 +124,7 @@ click_undo() { click "$main" 447 63; }
 point_at_fix() { point_at "$main" 360 63; }
 click_year_field() { click "$main" 340 145; }
 
-# Brings up the file dialog and types the names of all photos in the folder $1.
+# Opens the file dialog and types the names of all photos in the folder $1.
 select_photos() {
     click_load
     find_dialog_over "$main"
@@ -135,7 +135,7 @@ select_photos() {
     sleep 0.3
 }
 
-# Types a shift from the year field on; "Tab" goes to the next field.
+# Types a shift, starting in the year field; "Tab" goes to the next field.
 type_shift() {
     click_year_field
     xdotool key ctrl+a

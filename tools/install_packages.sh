@@ -1,20 +1,20 @@
 #!/bin/sh
 # SPDX-License-Identifier: GPL-3.0-or-later
 #
-# Installs the Debian packages that are missing, and says which.
+# Installs the missing ones of these sets of Debian packages, and lists them.
 #
 # usage: tools/install_packages.sh SET...
-#   build        what building and running Kelvra takes
-#   test         what its tests and the virtual displays take besides
-#   screenshots  what taking the pictures of its screens takes besides the first
-#   clang        the second compiler that they are built with
-#   coverage     what counting the lines that the tests run takes besides both
-#   bench        what measuring its speed and memory takes besides the first
-#   package      what making the Debian package takes besides the first
-#   check_package  what checking that takes besides these
-#   roots        what trying things in a fresh root of Debian takes
-#   lint         what checking the sources takes besides the first and the last
-#   artwork      what rendering its pictures from their sources takes
+#   build          to build and run Kelvra
+#   test           to run its tests and the virtual displays; needs build too
+#   screenshots    to take the pictures of its screens; needs build too
+#   clang          the second compiler for Kelvra and its tests
+#   coverage       to count the lines that the tests run; needs build and test too
+#   bench          to measure speed and memory; needs build too
+#   package        to make the Debian package; needs build too
+#   check_package  to check that package; needs build and package too
+#   roots          to try things in a new Debian root
+#   lint           to check the sources; needs build and artwork too
+#   artwork        to render the pictures from their sources
 set -eu
 
 build_packages="cmake g++ ninja-build qtbase5-dev qttools5-dev qttools5-dev-tools

@@ -1,25 +1,25 @@
 #!/bin/bash
 # SPDX-License-Identifier: GPL-3.0-or-later
 #
-# Measures how strong the tests are: changes one small thing at a time in the sources, and counts how
-# many of these mutants the tests notice.
+# Measures how strong the tests are: makes one small change at a time to the sources, and counts
+# how many of these mutants the tests notice.
 #
 # usage: tools/mutate.sh [SEED [COUNT [SOURCE...]]]
-#          mutants of these sources, or of all in the table below, against the tests named there
+#          mutants of these sources, or of all in the table below, against the tests listed there
 #        tools/mutate.sh random COUNT SEED
-#          mutants drawn by lot from all sources of the program, against all tests
+#          mutants drawn at random from all sources of the program, against all tests
 #
 #   SEED    picks the changes; the same seed gives the same ones (default 1)
-#   COUNT   mutants of each source (default 20; a short source may have less), or of all together
+#   COUNT   mutants of each source (default 20; a short source may have fewer), or of all together
 #
-# Works in a copy below build/mutants. A change that the program doesn't compile with isn't a mutant;
-# one that a test doesn't compile with is caught. A test has to be red twice. Prints each mutant, then
-# the survivors and the share that was caught; fails below 90 percent. A mutant that behaves like the
-# original survives too: read what is printed.
+# Works in a copy below build/mutants. A change with which the program doesn't compile isn't a
+# mutant; one with which a test doesn't compile counts as caught. A test has to fail twice. Prints
+# each mutant, then the survivors and the share that was caught; fails below 90 percent. A mutant
+# that behaves like the original survives too, so read the output.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-# The sources, and the tests that concern each, the quickest to notice something first.
+# The sources, each with its tests, starting with the one that notices changes fastest.
 sources="
 src/exif_cache.cpp exif_cache time_arithmetic table_data_model undo_batch random_records
 src/table_data_model.cpp table_data_model time_arithmetic column_sorting table_header header_clicks file_intake german_texts
@@ -44,7 +44,7 @@ original=$work/original
 results=$work/results
 memory_limit_kb=4000000
 
-# The tests of the table, and the one that has the source's name.
+# The source's tests in the table, and the test named after it.
 tests_of() {
     echo "$sources" | awk -v source="$1" '$1 == source { $1 = ""; print }'
     named=$(basename "$1" | sed 's/\..*//')
@@ -56,7 +56,8 @@ print_usage_and_exit() {
     exit 2
 }
 
-# The working tree as it stands, in the copy; what is the same there stays untouched.
+# Copies the working tree, uncommitted changes included. Files that are already the same in the copy
+# stay untouched.
 copy_tree() {
     git ls-files --cached --others --exclude-standard | while read -r file; do
         [ -f "$file" ] || continue
@@ -70,19 +71,20 @@ build_test() {
     cmake --build "$build" --target "test_$1" >"$work/build_log" 2>&1
 }
 
-# A mutant can go on for ever: ctest ends it by the test's own timeout, and the memory is limited.
+# A mutant can run forever or use ever more memory: the test's timeout and this limit end it.
 run_test() (
     ulimit -v "$memory_limit_kb"
     ctest --test-dir "$build" -R "^$1\$" --no-tests=error >"$work/test_log" 2>&1
 )
 
-# Tests that need the screen for themselves may be red by chance, with so much going on.
+# Runs a failed test again: those that need the screen for themselves may fail by chance on a busy
+# machine.
 is_red() {
     ! run_test "$1" && ! run_test "$1"
 }
 
-# The first test of a source that is red with the sources in the copy, or nothing. Each is built when
-# its turn comes.
+# The first test of a source that fails with the sources in the copy, or nothing. Each test is built
+# just before it runs.
 first_red_test() {
     for test in $(tests_of "$1" | xargs --no-run-if-empty -n 1 | awk '!seen[$0]++'); do
         if ! build_test "$test" || is_red "$test"; then
@@ -92,8 +94,8 @@ first_red_test() {
     done
 }
 
-# Puts the change of that number into the copy of a source, and says what it is. Fails, with the
-# source as it was, where the change doesn't compile.
+# Applies the change of this number to the copy of a source, and prints it. If it doesn't compile,
+# restores the source and fails.
 mutate() {
     cp "$tree/$2" "$original"
     tools/mutations.pl apply "$1" "$original" "$tree/$2" || return 1
@@ -103,7 +105,7 @@ mutate() {
     }
 }
 
-# A test that was ended may have left processes, or none, which pkill takes for a failure.
+# A test that was killed may have left processes. If there are none, pkill fails.
 restore() {
     pkill --full "$PWD/$build/tests/" || true
     cp "$original" "$tree/$1"
@@ -150,8 +152,8 @@ run_tests() (
     ctest --test-dir "$build" --parallel 2 --stop-on-failure "$@" >"$work/test_log" 2>&1
 )
 
-# Most mutants are caught by a quick test, so the slow ones come last. How long each took stands in a
-# file that ctest keeps.
+# Most mutants are caught by a quick test, so the slow ones come last. ctest keeps the
+# durations in a file.
 run_all_tests() {
     costs=$build/Testing/Temporary/CTestCostData.txt
     slow=$([ ! -f "$costs" ] || awk '$3 > 2 { print $1 }' "$costs" | paste -sd '|')
@@ -162,7 +164,7 @@ run_all_tests() {
     fi
 }
 
-# Of all tests.
+# The first of all tests that fails, or nothing.
 red_test() {
     if ! cmake --build "$build" >"$work/build_log" 2>&1; then
         echo "the build"
@@ -180,12 +182,12 @@ red_test() {
 
 fail_if_red() { # RED_TEST
     if [ -n "$1" ]; then
-        echo "$1 is red without a change" >&2
+        echo "$1 fails without a change" >&2
         exit 2
     fi
 }
 
-# The names of the tags are left out: a test knows their checksum.
+# Leaves out the list of tag names, an .inc file: a test knows its checksum.
 program_sources() {
     git ls-files 'src/*.cpp' 'src/*.h' 'orv_toolkit/*.cpp' 'orv_toolkit/*.h' 'qor/*.cpp' 'qor/*.h'
 }

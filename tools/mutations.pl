@@ -3,12 +3,13 @@
 #
 # Small changes to C++ sources: one operator, constant, text, condition or statement each.
 #
-# usage: mutations.pl pick SEED FILE          the numbers of all its changes, in an order of the seed
-#        mutations.pl draw SEED FILE...       the same of several sources, "NUMBER FILE" each
-#        mutations.pl apply NUMBER IN OUT     writes IN with that change to OUT, and says what it is
+# usage: mutations.pl pick SEED FILE         prints the numbers of all its changes, shuffled by SEED
+#        mutations.pl draw SEED FILE...      the same for several sources, as "NUMBER FILE"
+#        mutations.pl apply NUMBER IN OUT    writes IN with that change to OUT, and prints it
 #
-# The source is read line by line, formatted as in this tree: operators of two operands stand
-# between blanks, templates and pointers don't; a statement that isn't left out stands on one line.
+# The source is read line by line and must be formatted as in this tree: binary operators have
+# spaces around them, templates and pointers don't; only a statement on a single line can be left
+# out.
 use strict;
 use warnings;
 
@@ -63,7 +64,7 @@ sub lines_of {
 }
 
 # Leaves out a statement that begins and ends on this line: a call, an assignment or the declaration
-# of an object that nothing but its constructor and destructor is needed of.
+# of an object that is only used for its constructor and destructor.
 sub dropped_statement {
     my ($before, $line) = @_;
     return if $line !~ $statement || $line =~ / = delete;/ || $before !~ /(?:[;{}:)]|else)$/;

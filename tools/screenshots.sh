@@ -2,14 +2,14 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 #
 # Takes a picture of each screen of the real program, under a virtual display with a window manager,
-# in both languages and at the scale factors 1, 1.5 and 2. Installs missing Debian packages first,
-# and builds the program.
+# in both languages and at the scale factors 1, 1.5 and 2. Installs missing Debian packages first
+# (and lists them), then builds the program.
 #
 # usage: tools/screenshots.sh
 #
-# The pictures are left in build/screenshots/LANGUAGE-SCALEx/; those of the scale 1 are also copied
-# to docs/screenshots/LANGUAGE/, where the documents show them. Ends with an error if the program
-# complained on its standard error. One run at a time: its scratch folder has a fixed name.
+# Saves the pictures in build/screenshots/LANGUAGE-SCALEx/ and copies those of scale 1 to
+# docs/screenshots/LANGUAGE/ for the documents. Fails if the program wrote to its standard error.
+# Only one run at a time is possible: the scratch folder has a fixed name.
 set -eu
 
 script=$(realpath "$0")
@@ -29,8 +29,8 @@ make_photo() {
     exiftool -quiet -overwrite_original "$@" "$photo"
 }
 
-# Two cameras, of which one is an hour and a half behind, a scan with an IPTC date without a zone,
-# and a map without any recording time.
+# Photos of two cameras, one of which is an hour and a half slow, a scan with an IPTC date without a
+# zone, and a map without any recording time.
 make_photos() {
     mkdir -p "$1/holiday" "$1/many"
     minute=10
@@ -53,23 +53,23 @@ make_photos() {
 # --- Pictures ---------------------------------------------------------------------------------
 
 picture_of_failure() {
-    import -window root "$folder/waited_in_vain.png"
-    echo "see $folder/waited_in_vain.png" >&2
+    import -window root "$folder/timeout.png"
+    echo "see $folder/timeout.png" >&2
 }
 
-# The window $2, as $1.
+# Saves a picture of the window $2 as $1.
 take() {
     import -window "$2" "$folder/$1.png"
 }
 
-# The two big buttons, as $1.
+# Saves a picture of the two big buttons as $1.
 take_big_buttons() {
     size=$(display_pixels 190)x$(display_pixels 66)
     import -window "$main" -crop "$size+$(display_pixels 290)+$(display_pixels 30)" +repage \
         "$folder/$1.png"
 }
 
-# The window $2 with what lies over it, and $3 pixels above and below it, as $1.
+# Saves a picture of the window $2 with everything over it, and $3 pixels above and below it, as $1.
 take_with_popups() {
     margin=$(display_pixels "$3")
     left=$(window_info "$2" "Absolute upper-left X")
@@ -82,7 +82,7 @@ take_with_popups() {
 # --- Screens ----------------------------------------------------------------------------------
 
 shoot_empty_window() {
-    # A key has the caret shown at once.
+    # A key press shows the caret immediately.
     xdotool key Home
     take first_start "$main"
     take_big_buttons button_disabled
@@ -176,7 +176,7 @@ shoot_failure() {
 hold_tool() { pkill -STOP -P "$program"; }
 let_tool_go() { pkill -CONT -P "$program"; }
 
-# Holds the tool once the window is no longer the active one; otherwise lets it go on.
+# Stops the tool; succeeds if another window is then active. Otherwise lets the tool continue.
 holds_tool_in_batch() {
     hold_tool
     is_another_active "$main" && return
@@ -184,7 +184,8 @@ holds_tool_in_batch() {
     return 1
 }
 
-# The window in the middle of a batch, as $1: the tool is held, and the program waits for it.
+# Saves a picture of the window in the middle of a batch as $1. The tool is stopped meanwhile, so
+# the program waits for it.
 take_batch() {
     wait_until holds_tool_in_batch
     let_tool_go
@@ -206,7 +207,7 @@ shoot_batches() {
     take_batch fixing
 }
 
-# All photos of the load, more than the screen has lines.
+# All photos of the load fail, more than the screen has lines.
 shoot_many_failures() {
     select_photos "$photos/many"
     xdotool key Return
@@ -232,18 +233,18 @@ start_program() {
     find_main_window
 }
 
-# The window manager closes the window, so that the program ends by itself.
+# The window manager closes the window, so that the program ends on its own.
 end_program() {
     xdotool key alt+F4
     wait "$program"
-    # Qt asks for the windows below the mouse, of which one may just have gone.
+    # Qt queries the windows below the mouse, one of which may just have closed.
     if grep -v "XCB error: 3 (BadWindow).*(TranslateCoords)" "$scratch/stderr.txt" >&2; then
         echo "the program wrote this to its standard error" >&2
         exit 1
     fi
 }
 
-# One run of the program; called by this script for itself, under the virtual display.
+# One run of the program. This script calls itself under the virtual display to get here.
 shoot_all_screens() {
     language=$1
     scale=$2
@@ -253,7 +254,7 @@ shoot_all_screens() {
     *) other_language_key=Up ;;
     esac
 
-    # A fixed name, since it shows in pictures.
+    # A fixed name, since it can be seen in the pictures.
     scratch=/tmp/kelvra-screenshots
     rm -rf "$scratch"
     mkdir -m 700 "$scratch"

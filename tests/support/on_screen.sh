@@ -1,11 +1,11 @@
 #!/bin/sh
 # SPDX-License-Identifier: GPL-3.0-or-later
 #
-# Runs a program on a virtual X display of its own, under a window manager.
+# Runs a program on a private virtual X display, under a window manager.
 #
 # usage: on_screen.sh WIDTHxHEIGHT PROGRAM [ARGUMENT...]
 #
-# Ends with the status of the program.
+# Exits with the program's status.
 # shellcheck disable=SC2317  # functions are called through trap and wait_until
 set -eu
 
@@ -33,7 +33,7 @@ has_display_number() {
     [ -s "$scratch/display" ]
 }
 
-# There is no program to be seen yet.
+# Called while no program is on the display yet, so there is nothing to show.
 picture_of_failure() { :; }
 
 Xvfb -displayfd 3 -screen 0 "${size}x24" -nolisten tcp 3>"$scratch/display" 2>"$scratch/errors" &
