@@ -5,7 +5,7 @@
 #include <QCoreApplication>
 #include <QTranslator>
 
-/// Has every text that goes through `tr` come out in brackets while this lives, so that a test sees
+/// While it exists, every text that goes through `tr` appears in brackets, so that a test sees
 /// which texts are translated, whatever the catalogues hold.
 class bracketed_texts : public QTranslator
 {

@@ -8,7 +8,8 @@
 #include <cstdio>
 #include <unistd.h>
 
-/// Takes what this process writes to its standard error while this lives, by whatever library.
+/// While it exists, captures everything that this process and its libraries write to standard
+/// error.
 class captured_errors
 {
 public:

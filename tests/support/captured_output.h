@@ -7,7 +7,7 @@
 #include <iostream>
 #include <sstream>
 
-/// Takes what this process writes to `std::cout` while this lives.
+/// While it exists, captures what this process writes to `std::cout`.
 class captured_output
 {
 public:

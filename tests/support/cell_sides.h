@@ -7,7 +7,7 @@
 #include <QString>
 #include <QStringList>
 
-/// The margins of a cell in the order in which a property gives them.
+/// The margins of a cell in the order in which a property takes them.
 inline QStringList margins_of(const qor::qt::cell &shown)
 {
     QStringList sides;

@@ -4,7 +4,8 @@
 
 #include <QRect>
 
-/// The place of a dialog of this size in the middle of a window; an odd pixel counts to one side.
+/// The geometry of a dialog of this size centred over a window. An odd pixel always goes to the
+/// same side.
 inline QRect centred_place(const QRect &window, QSize dialog)
 {
     const auto start = [](int window_first, int window_last, int length) {

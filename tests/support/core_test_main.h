@@ -7,7 +7,7 @@
 #include <QCoreApplication>
 #include <QtTest>
 
-/// Runs a test class in a private home, with an application object of this kind.
+/// Runs a test class in a private home folder, with an application object of this type.
 template <class Test, class Application>
 int run_test(int argc, char **argv)
 {

@@ -6,10 +6,10 @@
 #include <QPainter>
 #include <QWidget>
 
-/// The pixels of a picture NAME@2x to one of the program's.
+/// Device pixels per pixel of the program in a picture NAME@2x.
 constexpr int dense_ratio = 2;
 
-/// A black image of this size in the program's pixels, with `ratio` device pixels to one of them.
+/// A black image of this size in the program's pixels, with `ratio` device pixels to each.
 inline QImage canvas(QSize size, qreal ratio)
 {
     QImage image((QSizeF(size) * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
@@ -25,7 +25,7 @@ inline QImage dense_picture(const QString &path)
     return picture;
 }
 
-/// A widget without its children, over black.
+/// The widget without its children, painted over black.
 inline QImage painted(QWidget &widget, qreal ratio)
 {
     QImage image = canvas(widget.size(), ratio);

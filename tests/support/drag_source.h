@@ -14,11 +14,11 @@
 
 #include <functional>
 
-/// A small window of another program from which files can be dragged with the mouse.
+/// A small window of another program, from which files can be dragged with the mouse.
 class drag_source : public QWidget
 {
 public:
-    /// @param paths  what a drag from here carries
+    /// @param paths  the files that are dragged from here
     explicit drag_source(const QStringList &paths) : paths(paths)
     {
         setWindowTitle("Files");
@@ -29,8 +29,8 @@ public:
             qFatal("the window to drag from doesn't show");
     }
 
-    /// Drags the files to a place on the screen and drops them there once `is_time` says so, or
-    /// after some seconds. Returns when they have been dropped, taken or not.
+    /// Drags the files to a place on the screen and drops them there once `is_time` returns true,
+    /// or after a few seconds. Returns after the drop, whether it was accepted or not.
     void drag_to(
         QPoint place, const std::function<bool()> &is_time = [] { return true; })
     {
@@ -51,15 +51,15 @@ public:
         QTRY_COMPARE(hands.state(), QProcess::NotRunning);
     }
 
-    int drags = 0;       ///< those that have ended
-    bool taken = false;  ///< whether the last one was
+    int drags = 0;       ///< finished drags
+    bool taken = false;  ///< whether the last drag was accepted
 
-    /// What the mouse's cursor says of a drop here.
+    /// What the mouse cursor says about a drop at its position.
     static bool cursor_refuses() { return has_cursor(Qt::ForbiddenCursor); }
     static bool cursor_takes() { return has_cursor(Qt::DragCopyCursor); }
 
 protected:
-    /// Returns when the button is let go.
+    /// Returns when the button is released.
     void mousePressEvent(QMouseEvent * /*event*/) override
     {
         QList<QUrl> urls;
@@ -89,7 +89,7 @@ private:
         return moves_to(middle) + QStringList{"mousedown", "1"} + moves_to(middle + QPoint(30, 0));
     }
 
-    /// In two steps, since a place that the mouse is at already is no move.
+    /// In two steps, since moving to where the mouse already is doesn't count as a move.
     static QStringList moves_to(QPoint place)
     {
         const auto move_to = [](QPoint at) {
@@ -100,5 +100,5 @@ private:
     }
 
     const QStringList paths;
-    QProcess hands;  ///< of the user, who moves the mouse while the drag blocks
+    QProcess hands;  ///< moves the mouse for the user while the drag blocks
 };

@@ -9,8 +9,8 @@
 #include <QUrl>
 #include <QWidget>
 
-/// Hands a drag with `data` to the widget's own handlers, as the window system would: an entry
-/// and, if the widget takes it, a drop. Returns whether it did.
+/// Sends a drag with `data` to the widget's own handlers, as the window system would: a drag-enter
+/// and, if the widget accepts it, a drop. Returns whether the drag was accepted.
 inline bool drop_on(QWidget &widget, const QMimeData &data)
 {
     const QPoint place = widget.rect().center();

@@ -11,8 +11,8 @@
 #include <QImage>
 #include <QProgressBar>
 
-/// What the program's window looks like with given photos, painted in this process and shown
-/// nowhere.
+/// What the program's window looks like with given photos. It is painted in this process and never
+/// shown.
 class expected_screens
 {
 public:
@@ -22,7 +22,7 @@ public:
         window.show();
     }
 
-    /// Photos in this order, each with the recording time of `dated_tags`.
+    /// Lists photos in this order, each with the recording time of `dated_tags`.
     void set_photos(const QStringList &paths)
     {
         window.on_button_reset_clicked();
@@ -43,7 +43,7 @@ public:
         return window.grab().toImage();
     }
 
-    /// The field of the main window in which a caret blinks while the window is active.
+    /// The field of the main window whose caret blinks while the window is active.
     QRect place_of_caret() const
     {
         const auto *field = window.findChild<QWidget *>("lineedit_year");
@@ -68,5 +68,5 @@ private:
     MainWindow window{nullptr};
 };
 
-/// What a tool says of a photo that is like the expected ones.
+/// The tags that a tool reports for a photo like the expected ones.
 inline const QStringList dated_tags = {"ExifIFD:DateTimeOriginal=2017:05:03 12:00:00"};

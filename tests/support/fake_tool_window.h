@@ -10,7 +10,7 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 
-/// A window over the scripted stand-in, with photos that are names to it and nothing more.
+/// A main window that uses the scripted stand-in. To the stand-in, photos are only names.
 class fake_tool_window
 {
 public:
@@ -32,8 +32,8 @@ public:
 
     QString path_of(const QString &name) const { return folder->filePath(name); }
 
-    /// The path of a file of which the stand-in will report these tags. It knows the file by its
-    /// name, whatever the folder.
+    /// Makes a file for which the stand-in will report these tags, and returns its path. The
+    /// stand-in knows the file by its name, whatever the folder.
     QString make_photo(const QString &name, const QStringList &tags)
     {
         make_file(path_of(name));
@@ -46,20 +46,20 @@ public:
         drop_photos(*window, {make_photo(name, tags)});
     }
 
-    /// A photo with nothing but the recording time.
+    /// Loads a photo that has a recording time and no other tag.
     void load_dated_photo(const QString &name, const QString &time = "2017:05:03 12:00:00")
     {
         load_photo(name, {"ExifIFD:DateTimeOriginal=" + time});
     }
 
-    /// A batch of fixes in which all is written and nothing is asked.
+    /// Loads a photo and fixes it: everything is written and no question is asked.
     void fix_dated_photo(const QString &name)
     {
         load_dated_photo(name);
         click(window->button_fix_time);
     }
 
-    /// The lines behind the options of each write since the last `tool.forget()`, by file name.
+    /// The lines after the options of each write since the last `tool.forget()`, by file name.
     QList<QPair<QString, QStringList>> writes() const
     {
         QList<QPair<QString, QStringList>> all;

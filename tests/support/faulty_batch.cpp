@@ -17,7 +17,8 @@ QByteArray digest(const QByteArray &bytes)
     return QCryptographicHash::hash(bytes, QCryptographicHash::Sha1).toHex();
 }
 
-/// 2018-01-02 04:04:05 in the time zone of the tests, and a fraction that the tool can't write.
+/// Dates a file to 2018-01-02 04:04:05 in the time zone of the tests, plus a fraction that the tool
+/// can't write.
 void date_file(const QString &path)
 {
     const timespec time = {1514862245, 987654321};
@@ -55,7 +56,7 @@ const QStringList fixed_dates = {
 
 faulty_batch::faulty_batch()
 {
-    // All but the file's own date and the picture.
+    // All entries except the file's own date and the picture.
     const QStringList tags = first_dates.filter(QRegularExpression("^(?!System:).*="));
     make_jpeg(originals.filePath("photo.jpg"), tags);
     make_png(originals.filePath("photo.png"), tags);

@@ -4,47 +4,47 @@
 
 #include "real_tool_window.h"
 
-/// A batch with files at fault in it, between two photos that are all right.
+/// A batch with faulty files between two good photos.
 class faulty_batch : public real_tool_window
 {
 public:
     faulty_batch();
 
-    /// Opens the window over a folder with the two good photos and an empty folder "sub".
+    /// Opens the window and makes a folder with the two good photos and an empty folder "sub".
     void start();
 
-    /// Also where a test took rights from "sub".
+    /// Works even if a test has removed permissions from "sub".
     void end();
 
-    /// A copy of a good photo, whole and dated as that is, at a path within the folder.
+    /// Puts a copy of a good photo, with the same dates, at a path within the folder.
     QString put_photo(const QString &name) const;
 
     /// Loads `paths` between the good photos.
     void load(const QStringList &paths) const;
 
-    /// Fixes all by an hour and keeps what was done. The paths that were named as failed.
+    /// Shifts all photos by an hour and keeps the changes. Returns the paths reported as failed.
     QStringList fix() const;
 
-    /// The texts of the boxes that came up, which should be none.
+    /// Returns the texts of the boxes that opened; there should be none.
     QStringList undo() const;
 
-    /// "tag=value" of each date tag that the photo has, and whether its picture is the first one.
+    /// "tag=value" for each date tag of the photo, and whether its picture is the original one.
     QStringList dates(const QString &name) const;
 
-    /// The dates of both good photos, if they are the same.
+    /// The dates of the good photos, if both have the same ones.
     QStringList good_dates() const;
 
-    /// All that is in the folder and below, hidden or not.
+    /// Everything in the folder and its subfolders, including hidden files.
     QStringList contents() const;
 
 private:
     QTemporaryDir originals;
 };
 
-/// What `dates` gives of a photo as it was put and as it is when fixed by an hour.
+/// What `dates` returns for a photo as it was put there, and after it was fixed by an hour.
 extern const QStringList first_dates;
 extern const QStringList fixed_dates;
 
-/// All by which a file could show that it was touched, but for its name and the time of its
-/// last access.
+/// Everything by which a file could show that it was touched, except its name and its last access
+/// time.
 QStringList file_state(const QString &path);

@@ -5,7 +5,7 @@
 #include <QCoreApplication>
 #include <QTranslator>
 
-/// Both German catalogues while this lives.
+/// Installs both German catalogues for its lifetime.
 class german_catalogues
 {
 public:

@@ -7,7 +7,7 @@
 #include <QString>
 #include <QStringList>
 
-/// Runs git in a folder, with no settings but those given here.
+/// Runs git in a folder, with no settings other than those given here.
 class git_folder
 {
 public:
@@ -36,7 +36,7 @@ public:
     const QString path;  ///< without symbolic links
 
 private:
-    /// A hook of git that runs the tests names its own repository for all that it starts.
+    /// Without the variables that a git hook sets to its own repository, in case it runs the tests.
     static QProcessEnvironment environment_without_git()
     {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();

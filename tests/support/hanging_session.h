@@ -8,8 +8,8 @@
 #include <QProcess>
 #include <QStringList>
 
-/// A session of tool_session that waits for a reply without an end; killed with this, and its tool
-/// with it.
+/// A session of tool_session that waits forever for a reply. It is killed on destruction, together
+/// with its tool.
 class hanging_session
 {
 public:
@@ -22,8 +22,8 @@ public:
     hanging_session(const hanging_session &) = delete;
     hanging_session &operator=(const hanging_session &) = delete;
 
-    /// Whether the session goes on after `enough` warnings, with nothing between them. The output
-    /// before the first one is in `said`.
+    /// Whether the session is still running after `enough` warnings with nothing between them.
+    /// `said` then holds the output before the first one.
     bool warns_without_an_end(int enough = 2000)
     {
         const QByteArray warnings = tool_lines::no_data.repeated(enough);
@@ -39,7 +39,7 @@ public:
         return output.mid(said.size()).startsWith(warnings) && process.state() == QProcess::Running;
     }
 
-    /// Whether the session ends of itself after all; `said` is then its whole output but for the
+    /// Whether the session ends on its own after all. `said` then holds its whole output except the
     /// warnings.
     bool ends()
     {
@@ -50,7 +50,7 @@ public:
     }
 
     QByteArray said;
-    QByteArray errors;  ///< all of the standard error up to the last warning that was counted
+    QByteArray errors;  ///< standard error up to the last warning counted
 
 private:
     QProcess process;

@@ -51,7 +51,7 @@ program_result isolated_program::run(const QStringList &arguments, int limit_ms)
     return result;
 }
 
-/// A hard link where it can be, since a program finds its folder through the name it was run by.
+/// Makes a hard link if possible, since a program finds its folder by the name it was run with.
 void isolated_program::place(const QString &source, const QString &target) const
 {
     if (link(QFile::encodeName(source), QFile::encodeName(target)) != 0 &&

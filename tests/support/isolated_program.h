@@ -7,16 +7,16 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
-/// What a program left behind when it ended.
+/// The outcome of a program's run.
 struct program_result {
-    int status = -1;  ///< exit status; -1 if it had to be killed or died from a signal
+    int status = -1;  ///< exit status; -1 if it was killed or died from a signal
     bool timed_out = false;
     QByteArray output;
     QByteArray errors;
 };
 
-/// A folder of its own for a program that takes the metadata tool from beside itself, with the
-/// program in it and, as the test wants it, some tool or none.
+/// A private folder for a program that looks for the metadata tool beside itself. It holds the
+/// program and, as the test chooses, some tool or none.
 class isolated_program
 {
 public:

@@ -9,8 +9,8 @@
 
 #include <vector>
 
-/// A layout of the kit on a parent that nobody shows but the test, so that nobody else runs the
-/// geometry pass either.
+/// A toolkit layout on a parent that only the test shows, so that only the test runs the geometry
+/// pass.
 struct layout_screen {
     explicit layout_screen(int wrap = 1, bool column_major = false)
         : grid(new qor::qt::layout(&parent, wrap, column_major))
@@ -23,7 +23,7 @@ struct layout_screen {
         parent.resize(size);
     }
 
-    /// Adds a cell with these wishes and a widget of its own; returns the stored one.
+    /// Adds a cell with these wishes and a new widget. Returns the stored cell.
     qor::qt::cell &add(const qor::qt::cell &wishes = qor::qt::cell())
     {
         qor::qt::cell made = wishes;
@@ -37,7 +37,7 @@ struct layout_screen {
         return grid->cells.at({grid->last_column, grid->last_row});
     }
 
-    /// The rectangle is a wrong one on purpose.
+    /// The rectangle is wrong on purpose.
     void pass() { grid->setGeometry(QRect(9, 9, 9, 9)); }
 
     QWidget parent;
@@ -52,7 +52,7 @@ inline qor::qt::cell named_cell(const QString &name)
     return qor::qt::cell(widget);
 }
 
-/// The cell that `text` stands for: a letter, the name of its widget, or "_" for none; then its
+/// The cell that `text` describes: a letter, the name of its widget, or "_" for none; then its
 /// spans, as in "a2x1" for two columns and one row; then "*" if it ends its line.
 inline qor::qt::cell described_cell(QString text)
 {
@@ -67,7 +67,7 @@ inline qor::qt::cell described_cell(QString text)
     return made;
 }
 
-/// Adds the cells that `text` describes, separated by blanks.
+/// Adds the cells that `text` describes, separated by spaces.
 inline void add_described(qor::qt::layout &grid, const QString &text)
 {
     for (const QString &cell : text.split(' '))
@@ -84,8 +84,8 @@ inline QChar drawn(const qor::qt::layout &grid, qor::qt::position place)
     return found->second.spanned ? '#' : '.';
 }
 
-/// The rows from the top, between bars: the widgets by name, "#" where a span covers the position,
-/// "." for an empty cell, "-" where no cell is.
+/// The rows from the top, separated by bars: the widgets by name, "#" where a span covers the
+/// position, "." for an empty cell, "-" where there is no cell.
 inline QString drawn(const qor::qt::layout &grid)
 {
     QStringList rows;

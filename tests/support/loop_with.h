@@ -9,8 +9,8 @@
 
 constexpr int loop_went_on = 7;
 
-/// Runs the program's loop with this step in it; what the loop gives: 0 if the step quits the
-/// program, `loop_went_on` if not.
+/// Runs the program's event loop with this step in it. Returns the loop's result: 0 if the step
+/// quits the program, otherwise `loop_went_on`.
 inline int loop_with(const std::function<void()> &step)
 {
     QTimer end;

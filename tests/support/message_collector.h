@@ -5,8 +5,8 @@
 #include <QStringList>
 #include <QtGlobal>
 
-/// Takes what is said through Qt while this lives, of whatever rank: Qt reports some faults, such
-/// as an unknown property in a style sheet, as mere debug output.
+/// While it exists, collects everything reported through Qt, of any severity: Qt reports some
+/// errors, such as an unknown property in a style sheet, as mere debug output.
 class message_collector
 {
 public:

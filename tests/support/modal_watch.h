@@ -7,8 +7,8 @@
 #include <QTimer>
 #include <QWidget>
 
-/// Closes the modal dialogs that come up while this lives, and remembers their classes: for a step
-/// that must open none, or the ones that its test doesn't wait for.
+/// While it exists, closes the modal dialogs that open and records their classes: for a step that
+/// must open none, or for dialogs that the test doesn't wait for.
 class modal_watch
 {
 public:

@@ -7,8 +7,8 @@
 #include <QObject>
 #include <QUrl>
 
-/// Takes the addresses that the program hands to the system while this lives, so that no browser is
-/// started.
+/// While it exists, intercepts the addresses that the program passes to the system, so that no
+/// browser is started.
 class opened_urls : public QObject
 {
     Q_OBJECT

@@ -9,8 +9,8 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
-/// Gives up the rights by which the superuser passes over permission bits, for this process and
-/// for the ones that it starts: they bind as they do for everybody (capabilities(7)).
+/// Gives up the superuser's right to ignore permission bits, for this process and those that it
+/// starts. The bits then apply as they do to everybody else (capabilities(7)).
 inline void drop_permission_overrides()
 {
     constexpr unsigned overriding =
@@ -22,7 +22,7 @@ inline void drop_permission_overrides()
     sets[0].effective &= ~overriding;
     sets[0].permitted &= ~overriding;
     sets[0].inheritable &= ~overriding;
-    // Without the second call a program that is started would get them back.
+    // Without the second call a program started from here would get them back.
     if (syscall(SYS_capset, &header, sets) != 0 || prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) != 0)
         qFatal("the rights of this process can't be given up");
 }

@@ -10,7 +10,7 @@
 constexpr int german_row = 0;
 constexpr int english_row = 1;
 
-/// Clicks the settings button, picks these rows one after the other, and closes the dialog.
+/// Clicks the settings button, picks these rows one after another, and closes the dialog.
 inline void pick_languages(const MainWindow &window, const QList<int> &rows)
 {
     const when_modal<dialog_settings> user([&](dialog_settings &dialog) {

@@ -13,7 +13,7 @@ inline orv::pixel_argb colour(QRgb rgb)
             static_cast<std::uint8_t>(qRed(rgb)), static_cast<std::uint8_t>(qAlpha(rgb))};
 }
 
-/// Picture files that a test makes.
+/// Picture files made by a test.
 class picture_folder
 {
 public:

@@ -4,8 +4,8 @@
 
 #include <QTemporaryDir>
 
-/// A home, a settings folder and a temporary folder of this process alone; made before the
-/// application object. The environment keeps pointing there for child processes too.
+/// A home, settings and temporary folder for this process only. Create it before the application
+/// object. The environment points there for child processes too.
 class private_home
 {
 public:

@@ -9,9 +9,10 @@
 
 #include <csignal>
 
-/// What the kernel says of processes, whoever started them (proc(5)).
+/// What the kernel reports about processes, whoever started them (proc(5)).
 
-/// The fields of the process's line behind its name, from the state on; empty if there is none.
+/// The fields after the name in the process's line, starting with the state; empty if there is no
+/// such process.
 inline QList<QByteArray> process_fields(qint64 id)
 {
     QFile file(QString("/proc/%1/stat").arg(id));
@@ -21,20 +22,20 @@ inline QList<QByteArray> process_fields(qint64 id)
     return line.mid(line.lastIndexOf(')') + 2).split(' ');
 }
 
-/// Whether it waits for something.
+/// Whether the process waits for something.
 inline bool sleeps(qint64 id)
 {
     return process_fields(id).value(0) == "S";
 }
 
-/// Whether it is gone, or waits for nothing but its burial.
+/// Whether the process is gone, or has ended and only waits to be reaped.
 inline bool has_ended(qint64 id)
 {
     const QByteArray state = process_fields(id).value(0);
     return state.isEmpty() || state == "Z" || state == "X";
 }
 
-/// None of what isn't a process: to QProcess one that isn't running is 0.
+/// Empty for 0, the id that QProcess has for a process that isn't running.
 inline QList<qint64> children_of(qint64 id)
 {
     QList<qint64> children;
@@ -48,7 +49,7 @@ inline QList<qint64> children_of(qint64 id)
     return children;
 }
 
-/// Ends the process and what it has started: a tool whose program is gone runs on.
+/// Kills the process and those it has started: a tool keeps running when its program is gone.
 inline void kill_with_children(QProcess &process)
 {
     if (process.state() == QProcess::NotRunning)

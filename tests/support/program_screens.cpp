@@ -20,7 +20,7 @@
 namespace
 {
 
-/// Photos of each kind of row, and a shift.
+/// Loads photos for each kind of row, and enters a shift.
 void fill_window(fake_tool_window &app)
 {
     const QString dated =
@@ -72,7 +72,7 @@ void open_sorted_window(fake_tool_window &app, const screen_visit &visit)
     visit(*app.window);
 }
 
-/// Again and again, since a window manager may still move the window.
+/// Moves it repeatedly, since a window manager may still move the window.
 bool move_mouse_over(QWidget *button)
 {
     return QTest::qWaitFor([button] {
@@ -150,7 +150,7 @@ void open_languages(fake_tool_window &app, const screen_visit &visit)
     click(app.window->button_settings);
 }
 
-/// Picks the other language than the one in force.
+/// Picks the language that isn't current.
 void pick_other_language(dialog_settings &dialog)
 {
     auto *box = dialog.findChild<orv::combobox *>();
@@ -201,7 +201,7 @@ void open_file_dialog(fake_tool_window &app, const screen_visit &visit)
     click(app.window->button_load_images);
 }
 
-/// Visits the dialog when the batch has come to its end, where it is always painted.
+/// Visits the dialog when the batch reaches its end, where it is always painted.
 void watch_end(progress_watch &watch, orv::progress_dialog *dialog, int steps,
                const screen_visit &visit)
 {
@@ -246,7 +246,7 @@ void open_early_warning(fake_tool_window &app, const screen_visit &visit)
     open_box_of_a_fix(app, visit);
 }
 
-/// A fix in which none of these photos can be written.
+/// Runs a fix in which none of these photos can be written.
 void open_box_of_failures(fake_tool_window &app, const QStringList &names,
                           const screen_visit &visit)
 {

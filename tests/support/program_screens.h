@@ -12,11 +12,11 @@
 /// What a test does with a screen while it shows.
 using screen_visit = std::function<void(QWidget &screen)>;
 
-/// A screen of the program and a user's way to it.
+/// A screen of the program and how a user opens it.
 struct program_screen {
     const char *name;
 
-    /// Opens the screen from a fresh window, hands it over and leaves it again. What is handed over
+    /// Opens the screen from a new window, passes it to `visit` and closes it again. What is passed
     /// is the widget that the screen is about: a window, or a button in its state.
     void (*open)(fake_tool_window &app, const screen_visit &visit);
 };
@@ -24,14 +24,15 @@ struct program_screen {
 /// All screens of the program.
 extern const std::vector<program_screen> program_screens;
 
-/// A row for each screen in each language, with the columns "language" ("en" or "de") and "screen".
-/// @param left_out  the name of a screen without rows, may be empty
+/// Adds a row for each screen in each language, with the columns "language" ("en" or "de") and
+/// "screen".
+/// @param left_out  the name of a screen to skip, may be empty
 void add_screen_rows(const QString &left_out = QString());
 
-/// As its `open`, for a screen that must come up: shown and painted when it is handed over.
+/// Like its `open`, for a screen that must appear: it is visible and painted when it is passed on.
 void open_screen(const program_screen &screen, fake_tool_window &app, const screen_visit &visit);
 
-/// The program in one of its languages, with a fresh window, while this lives.
+/// Runs the program in one of its languages, with a new window, for its lifetime.
 class language_run
 {
 public:

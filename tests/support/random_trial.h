@@ -14,8 +14,8 @@
 #include <utility>
 #include <vector>
 
-/// Random numbers and texts, the same on every machine for one seed: that in the environment
-/// variable KELVRA_RANDOM_SEED, a decimal number, or a fixed one without it.
+/// Random numbers and texts, the same on every machine for a given seed: the decimal number in the
+/// environment variable KELVRA_RANDOM_SEED, or a fixed one if that isn't set.
 class random_source
 {
 public:
@@ -31,7 +31,7 @@ public:
         return items[below(items.size())];
     }
 
-    /// Up to `most` of the pieces in a row; one text in 20000 is a thousand times as long.
+    /// Up to `most` of the pieces, joined; one text in 20000 is a thousand times as long.
     std::string joined(const std::vector<std::string> &pieces, std::size_t most)
     {
         std::string text;
@@ -41,7 +41,7 @@ public:
         return text;
     }
 
-    /// The text with up to three faults; one in four stays as it is.
+    /// The text with up to three random errors; one in four stays unchanged.
     std::string damaged(std::string text, const std::vector<std::string> &pieces)
     {
         for (std::size_t faults = below(4); faults > 0; --faults)
@@ -89,7 +89,7 @@ private:
     std::mt19937_64 engine;
 };
 
-/// `bytes` in quotes and in ASCII, the rest as `\xNN`; very long ones are cut.
+/// `bytes` quoted, in ASCII, with other bytes as `\xNN`; very long texts are cut.
 inline std::string escaped(std::string_view bytes)
 {
     constexpr std::size_t limit = 2000;
@@ -106,7 +106,7 @@ inline std::string escaped(std::string_view bytes)
     return bytes.size() <= limit ? shown : shown + "... of " + std::to_string(bytes.size());
 }
 
-/// `text` in quotes and in ASCII, the rest as `\uNNNN`.
+/// `text` quoted, in ASCII, with other characters as `\uNNNN`; very long texts are cut.
 inline std::string escaped(const QString &text)
 {
     QString shown;
@@ -135,19 +135,19 @@ inline std::string escaped(const std::map<std::string, std::string> &texts)
 }
 
 #ifdef __SANITIZE_ADDRESS__
-constexpr int rounds_in_one = 5;  // each allocation is slow there, by the stack that it notes
+constexpr int rounds_in_one = 5;  // allocations are slow there, since each records its stack
 #else
 constexpr int rounds_in_one = 1;
 #endif
 
-/// Many random inputs to a function whose results are compared with those of a second
-/// implementation: keeps the first mismatch, and counts how often each outcome was reached. A build
-/// with the address sanitizer has a fifth of the inputs, and expects a fifth of the outcomes.
+/// Feeds many random inputs to a function and compares its results with those of a second
+/// implementation. Keeps the first mismatch and counts how often each outcome was reached. A build
+/// with the address sanitizer uses a fifth of the inputs and expects a fifth of the outcomes.
 class random_trial
 {
 public:
-    /// Calls `round` with the source so often, up to the first call that gives the words for a
-    /// mismatch in place of an empty text.
+    /// Calls `round` with the random source up to `times` times, until it returns the description
+    /// of a mismatch instead of an empty text.
     template <class Round>
     void repeat(int times, Round &&round)
     {
@@ -166,7 +166,8 @@ public:
             note(outcome);
     }
 
-    /// The mismatch, or else the outcomes that fewer than so many inputs had; empty if all is well.
+    /// The mismatch, or else the outcomes that were reached less often than expected; empty if all
+    /// is well.
     QByteArray complaint(const std::vector<std::pair<const char *, int>> &expected) const
     {
         std::string words = mismatch;

@@ -11,7 +11,7 @@
 
 #include <sys/stat.h>
 
-/// A window over the real tool, with photos that are files.
+/// A main window that uses the real tool, with photos that are real files.
 class real_tool_window
 {
 public:
@@ -30,7 +30,7 @@ public:
 
     QString path_of(const QString &name) const { return folder->filePath(name); }
 
-    /// A photo of the format that its name says, its file dated to a moment that no test uses.
+    /// A photo of the format that its name says. The file's own date is one that no test uses.
     QString make_photo(const QString &name, const QStringList &tags) const
     {
         const QString path = path_of(name);
@@ -54,7 +54,7 @@ public:
         return tag_of(path_of(name), "ExifIFD:DateTimeOriginal");
     }
 
-    /// Everything in the folder, hidden or not.
+    /// Everything in the folder, including hidden files.
     QStringList names() const
     {
         return QDir(folder->path())
@@ -66,7 +66,7 @@ public:
     std::unique_ptr<MainWindow> window;
 };
 
-/// What makes a file the same file to the file system.
+/// What identifies a file to the file system.
 inline ino_t inode_of(const QString &path)
 {
     struct stat status = {};

@@ -7,7 +7,7 @@
 
 #include <QtTest>
 
-/// Presses keys in a widget of the window that the user works in: no other one has shortcuts.
+/// Presses keys in a widget after activating its window: shortcuts work only in the active window.
 inline void press_keys(QWidget *widget, int key, Qt::KeyboardModifiers modifiers)
 {
     widget->window()->activateWindow();
@@ -16,14 +16,15 @@ inline void press_keys(QWidget *widget, int key, Qt::KeyboardModifiers modifiers
     QTest::keyClick(widget, static_cast<Qt::Key>(key), modifiers);
 }
 
-/// The report as it stood on the screen.
+/// The report as shown on the screen.
 struct seen_report {
     QString title;
     QString text;
     QWidget *parent = nullptr;
 };
 
-/// Presses the keys of the report in a widget and closes the box; empty if none came up.
+/// Presses the report's keys in a widget and closes the box. Returns an empty report if none
+/// opened.
 inline seen_report report_of_keys(QWidget *widget)
 {
     seen_report report;

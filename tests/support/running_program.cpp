@@ -23,7 +23,7 @@ running_program::running_program(const QString &program, const QString &steps,
     environment.insert("QT_QPA_GENERIC_PLUGINS", "inside_driver");
     environment.insert("INSIDE_DRIVER", steps);
     environment.insert("LC_ALL", locale);
-    // The list of a leak checker would stand on the stream of the report.
+    // Otherwise the leak checker's list would end up in the report's stream.
     environment.insert("LSAN_OPTIONS", environment.value("LSAN_OPTIONS") + ":print_suppressions=0");
     process.setProcessEnvironment(environment);
     process.start(program, arguments);

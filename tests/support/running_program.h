@@ -7,8 +7,8 @@
 #include <QString>
 #include <QStringList>
 
-/// The program in a process of its own, driven from within by the steps of inside_driver.cpp. It is
-/// killed when this goes.
+/// The program in a separate process, driven from inside by the steps of inside_driver.cpp. It is
+/// killed on destruction.
 class running_program
 {
 public:
@@ -17,25 +17,25 @@ public:
                              const QString &locale = "C.UTF-8");
     ~running_program();
 
-    /// Until it stands on the screen and waits for events: the report isn't made for a signal
-    /// inside of an allocation.
+    /// Waits until the window is on the screen and the program waits for events: a signal that
+    /// arrives inside an allocation gets no report.
     bool wait_until_shown();
 
-    /// Until the driver has printed `line`; false if it ends before.
+    /// Waits until the driver has printed `line`. False if the program ends first.
     bool wait_until_printed(const QByteArray &line);
     bool wait_until_asleep() const;
     bool wait_until_ended();
 
     void receive(int signal_number) const;
 
-    /// -1 if a signal ended it without the program's doing.
+    /// The exit status; -1 if a signal killed the program.
     int status() const;
     qint64 process_id() const { return process.processId(); }
 
     /// What the driver printed under `name`.
     QStringList printed(const QString &name) const;
 
-    QByteArray output;  ///< what it said until the last wait ended
+    QByteArray output;  ///< what it printed until the last wait ended
     QByteArray errors;
 
 private:

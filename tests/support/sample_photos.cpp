@@ -121,7 +121,7 @@ QByteArray picture_data(const QString &path)
         return QByteArray(reinterpret_cast<const char *>(pixels.constBits()),
                           static_cast<int>(pixels.sizeInBytes()));
     }
-    // Nothing here decodes TIFF; its only strip stands in the file as it is.
+    // Nothing here decodes TIFF: the only strip is stored uncompressed.
     const int offset = tag_of(path, "IFD0:StripOffsets").toInt();
     const int size = tag_of(path, "IFD0:StripByteCounts").toInt();
     QFile file(path);
@@ -132,7 +132,7 @@ QByteArray picture_data(const QString &path)
 
 QByteArray run_exiftool(const QStringList &arguments)
 {
-    // Through an argument file, so that names with a leading dash are names (exiftool(1), -@).
+    // Uses an argument file, so that names with a leading dash are names (exiftool(1), -@).
     QTemporaryFile list;
     if (!list.open())
         qFatal("no temporary file");

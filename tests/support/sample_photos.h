@@ -7,25 +7,26 @@
 #include <QString>
 #include <QStringList>
 
-/// Photos made for a test, and an ExifTool of the test's own to look at them: nothing here goes
-/// through the program.
+/// Photos made for a test, and separate ExifTool runs to look at them: nothing here goes through
+/// the program.
 
-/// Small pictures at `path`, with these tags ("ExifIFD:DateTimeOriginal=2017:05:03 12:00:00").
+/// Makes a small picture at `path` with these tags ("ExifIFD:DateTimeOriginal=2017:05:03
+/// 12:00:00").
 void make_jpeg(const QString &path, const QStringList &tags = QStringList());
 void make_png(const QString &path, const QStringList &tags = QStringList());
 void make_tiff(const QString &path, const QStringList &tags = QStringList());
 
-/// Writes tags into a file, "Group:Name=Value" each, in place.
+/// Writes tags into a file in place, each given as "Group:Name=Value".
 void set_tags(const QString &path, const QStringList &tags);
 
-/// All tags of a file, hidden ones of the same name too, by "Group:Name".
+/// All tags of a file by "Group:Name", including those hidden by another of the same name.
 QMap<QString, QString> all_tags(const QString &path);
 
-/// One tag of a file, empty if it hasn't got it.
+/// One tag of a file; empty if the file doesn't have it.
 QString tag_of(const QString &path, const QString &name);
 
-/// The picture without its metadata: equal bytes mean an unharmed picture.
+/// The picture without its metadata. Equal bytes mean that the picture is unharmed.
 QByteArray picture_data(const QString &path);
 
-/// Standard output of an ExifTool run with these arguments, given through an argument file.
+/// Standard output of ExifTool, run with these arguments through an argument file.
 QByteArray run_exiftool(const QStringList &arguments);

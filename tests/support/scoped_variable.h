@@ -4,7 +4,7 @@
 
 #include <QByteArray>
 
-/// A variable of the environment that gets back what it held before.
+/// Sets an environment variable for its lifetime, then restores the old value.
 class scoped_variable
 {
 public:

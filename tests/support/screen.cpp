@@ -13,7 +13,7 @@
 namespace
 {
 
-/// Less than the second after which a wait of the program for a reply fails, and it paints anyway.
+/// Less than the second after which the program's wait for a reply times out and it paints anyway.
 constexpr int nearly_a_second_ms = 700;
 constexpr int widest_frame_px = 40;
 

@@ -97,7 +97,7 @@ void scripted_tool::touch(const QString &name)
 
 void scripted_tool::write(const QString &name, const QByteArray &bytes) const
 {
-    // Under another name first: the stand-in must never see half a script.
+    // Written under another name first: the stand-in must never see half a script.
     const QString target = folder.filePath(name);
     QFile file(target + ".part");
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())

@@ -9,7 +9,7 @@
 #include <QString>
 #include <QtTest>
 
-/// Opens the report on what runs here and closes it by its key; its text as it stood there.
+/// Opens the report on the running components, closes it by its key and returns its text.
 inline QString shown_report()
 {
     QString text;

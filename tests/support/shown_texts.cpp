@@ -119,7 +119,7 @@ shown_text text_of(const QProgressBar &bar)
                    bar.style()->subElementRect(QStyle::SE_ProgressBarContents, &option, &bar));
 }
 
-/// The visible widgets of a class in the screen, the screen itself among them.
+/// The visible widgets of a class in the screen, including the screen itself.
 template <class Widget>
 QList<const Widget *> visible_widgets(const QWidget &screen)
 {

@@ -21,7 +21,7 @@ bool write_text(const char *path, const QByteArray &text)
            file.write(text) == text.size();
 }
 
-/// The user stays the same one in a user namespace of its own (user_namespaces(7)).
+/// The user remains the same in the new user namespace (user_namespaces(7)).
 bool enter_own_users()
 {
     const QByteArray user = QByteArray::number(getuid());
@@ -38,7 +38,7 @@ bool enter()
            mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
 }
 
-/// Tried out by a child, since a namespace that was entered by half can't be left again.
+/// Tried in a child process, since a namespace that was only partly entered can't be left again.
 bool may_enter()
 {
     const pid_t child = fork();

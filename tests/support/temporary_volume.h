@@ -4,12 +4,13 @@
 
 #include <QString>
 
-/// Gives this process a view of its own on the mounted file systems. Call it at the start of
-/// `main`, before there are threads. Where the machine refuses, nothing is changed, and no volume
-/// can be mounted.
+/// Gives this process a private view of the mounted file systems. If the machine refuses, nothing
+/// changes, and no volume can be mounted.
+/// Requires: called at the start of `main`, before there are threads.
 void enter_private_mounts();
 
-/// A small file system in memory over a folder, seen by this process and its children alone.
+/// A small in-memory file system mounted on a folder, visible only to this process and its
+/// children.
 class temporary_volume
 {
 public:
@@ -19,15 +20,15 @@ public:
     temporary_volume(const temporary_volume &) = delete;
     temporary_volume &operator=(const temporary_volume &) = delete;
 
-    /// False where the machine doesn't let this process mount.
+    /// False if the machine doesn't let this process mount.
     bool is_mounted() const { return mounted; }
 
     void make_read_only() const;
 
-    /// Fills the volume up to so many pages, by a file "filler".
+    /// Fills the volume with a file "filler" until only this many pages are free.
     void leave_room(int pages) const;
 
-    /// Takes the filler away again.
+    /// Removes the filler.
     void make_room() const;
 
     static int page_size();

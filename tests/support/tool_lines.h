@@ -5,7 +5,7 @@
 #include <QByteArray>
 #include <QString>
 
-/// The lines that the program writes about the metadata tool, each with its line end.
+/// The lines that the program prints about the metadata tool, each with its line end.
 namespace tool_lines
 {
 
@@ -37,8 +37,8 @@ inline QByteArray exit_data(const QByteArray &words)
     return "[exiftool2] exit data: '" + words + "'\n";
 }
 
-/// The words of a text of nothing but `standard_error` or `exit_data` lines, which come in as many
-/// lines as the pipe was read; the words may not hold an apostrophe.
+/// The tool's text in an output of only `standard_error` or `exit_data` lines, of which there is
+/// one per read from the pipe. The text must not contain an apostrophe.
 inline QByteArray relayed_words(const QByteArray &output)
 {
     QByteArray words = output;

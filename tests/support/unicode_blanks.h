@@ -2,8 +2,8 @@
 
 #pragma once
 
-/// Whether Unicode counts this UTF-16 unit as white space: the list of the property White_Space in
-/// its file PropList.txt.
+/// Whether Unicode counts this UTF-16 unit as white space: it has the property White_Space in the
+/// file PropList.txt.
 inline bool is_blank(char16_t unit)
 {
     return (unit >= 9 && unit <= 13) || unit == 0x20 || unit == 0x85 || unit == 0xa0 ||

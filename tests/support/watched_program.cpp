@@ -7,7 +7,7 @@
 namespace
 {
 
-/// For a file dialog with many files to come up under a sanitizer, at the longest.
+/// The longest time that a file dialog with many files needs to open under a sanitizer.
 constexpr int longest_wait_ms = 60000;
 
 }  // namespace

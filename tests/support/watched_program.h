@@ -17,26 +17,26 @@
 
 #include <memory>
 
-/// The program in a process of its own, with a tool that can be held at any photo, and what the
-/// screen shows of it meanwhile.
+/// The program in a separate process, with a tool that can be held at any photo, and checks of what
+/// the screen shows meanwhile.
 class watched_program
 {
 public:
-    /// A folder of this name with so many photos like the expected ones.
+    /// Makes a folder of this name with `count` photos like the expected ones. Returns its path.
     QString make_photos(const QString &folder, int count);
 
-    /// @param steps  what the program does by itself, see inside_driver.cpp
+    /// @param steps  what the program does on its own, see inside_driver.cpp
     void start(const QString &steps);
     bool wait_until_ended() { return program->wait_until_ended(); }
 
-    /// Whether the tool is asked for this request.
+    /// Waits for the tool to be held at this request; false if it takes too long.
     bool waits_at(int request) const;
 
-    /// Whether the screen shows, within a second, the main window like this and a progress dialog
-    /// like that over it. Keeps pictures if it doesn't.
+    /// Whether the screen shows, within a second, the expected main window with this progress
+    /// dialog over it. Saves pictures if it doesn't.
     bool shows(expected_screens &expected, const QImage &progress) const;
 
-    /// The paths that the tool was asked to read, in this order.
+    /// The paths that the tool was asked to read, in order.
     QStringList read_paths() const;
 
     QString main_window() const { return window_with_title("Kelvra"); }

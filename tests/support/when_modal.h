@@ -10,11 +10,12 @@
 #include <functional>
 #include <utility>
 
-/// Answers a modal dialog that the next call will open, since that call blocks until it is closed.
+/// Answers the modal dialog that the next call opens, since that call blocks until the dialog is
+/// closed.
 ///
-/// Armed before the call: polls for the active modal widget and hands it to `answer`, once; if it
-/// is still open after that, or if it is of another class, it is closed. Whoever arms it checks
-/// `answered()` behind the call.
+/// Create it before the call. It polls for the active modal widget and passes it to `answer` once.
+/// If the dialog is still open after that, or is of another class, it is closed. Check `answered()`
+/// after the call.
 template <class Dialog>
 class when_modal
 {

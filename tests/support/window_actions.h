@@ -25,11 +25,11 @@
 #include <map>
 #include <memory>
 
-/// The steps of a user through the real main window.
+/// A user's actions in the real main window.
 
 enum class box_reply { yes, no, escape, frame };
 
-/// A message box as it stood on the screen.
+/// A message box as shown on the screen.
 struct seen_box {
     QString title;
     QString text;
@@ -41,8 +41,8 @@ struct seen_box {
     QString default_text;  ///< of the default button
 };
 
-/// Answers the message boxes that come up while it lives, each with the next reply. A box too many
-/// is closed, and seen like the others.
+/// While it exists, answers each message box that opens with the next reply. A box for which no
+/// reply is left is closed, and recorded like the others.
 class box_answers
 {
 public:
@@ -103,7 +103,7 @@ private:
     QTimer poll;
 };
 
-/// Records what a progress dialog shows while this lives.
+/// While it exists, records what a progress dialog shows.
 class progress_watch
 {
 public:
@@ -124,11 +124,11 @@ public:
                          });
     }
 
-    /// Runs `action` whenever the value is set to `value`, that is, before the events that follow.
+    /// Runs `action` each time the value becomes `value`, before any further events.
     void at(int value, std::function<void()> action) { actions[value] = std::move(action); }
 
     QList<int> values;
-    QList<int> minima;  ///< with the next three: at the moment of each value
+    QList<int> minima;  ///< this and the next three: one entry for each value
     QList<int> maxima;
     QStringList labels;
     QList<bool> visible;
@@ -143,14 +143,14 @@ inline void click(QWidget *widget)
     QTest::mouseClick(widget, Qt::LeftButton);
 }
 
-/// Clicks as soon as the program takes events again.
+/// Clicks as soon as the program processes events again.
 inline void click_soon(QWidget *widget)
 {
     QTimer::singleShot(0, widget, [widget] { click(widget); });
 }
 
-/// Counts the moves of the mouse that a window gets while this lives: the user's input in its
-/// simplest form, and the one that waits in the platform's queue until the program takes input.
+/// While it exists, counts the mouse moves that a window gets: the simplest user input, and one
+/// that waits in the platform's queue until the program takes input.
 class mouse_watch : public QObject
 {
 public:
@@ -159,7 +159,7 @@ public:
         widget.windowHandle()->installEventFilter(this);
     }
 
-    /// Moves the mouse to another place of the window.
+    /// Moves the mouse to another point in the window.
     void move()
     {
         const QPoint at = widget.mapFromGlobal(QCursor::pos());
@@ -194,7 +194,7 @@ inline void type_shift(const MainWindow &window, const QString &unit, const QStr
     QTest::keyClicks(shift_field(window, unit), text);
 }
 
-/// The texts of the seven fields of the shift.
+/// The texts of the seven shift fields.
 inline QStringList shift_texts(const MainWindow &window)
 {
     QStringList texts;
@@ -211,7 +211,7 @@ inline void drop_photos(const MainWindow &window, const QStringList &paths)
         qFatal("the drop was refused");
 }
 
-/// The cells of a column as the table shows them, from the first row down.
+/// The cells of a column as the table shows them, from the first row on.
 inline QStringList shown_column(const MainWindow &window, int column)
 {
     QStringList texts;
@@ -242,7 +242,7 @@ inline std::unique_ptr<MainWindow> open_window()
     return window;
 }
 
-/// Empties what windows share, so that the next one starts afresh.
+/// Empties what windows share, so that the next one starts clean.
 inline void close_window(std::unique_ptr<MainWindow> &window)
 {
     window->on_button_reset_clicked();

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// Dies in the way that its argument names, so that a test can read the report from outside.
+// Dies in the way that its arguments name, so that a test can read the report from outside.
 //
 // usage: crash_probe signal NUMBER [FRAMES] | exception [FRAMES] | message |
 //                    assertion [FRAMES] | uncaught | jump | atexit | icon | layout MISUSE |
@@ -31,7 +31,7 @@
 namespace
 {
 
-/// Runs `end` with so many frames on the stack.
+/// Runs `end` with this many frames on the stack.
 void run_below_frames(int frames, const std::function<void()> &end)
 {
     if (frames == 0) {
@@ -84,7 +84,7 @@ void misuse_layout(int argc, char **argv, const std::string &misuse)
     misuses.at(misuse)(*new layout(&parent, 1, false));
 }
 
-/// A section that stands in no cell; without another misuse, nothing was ever clicked either.
+/// The section is in no cell. With an unknown `misuse` nothing has been clicked either.
 void misuse_fold(int argc, char **argv, const std::string &misuse)
 {
     const QApplication application(argc, argv);
@@ -97,7 +97,7 @@ void misuse_fold(int argc, char **argv, const std::string &misuse)
     QApplication::exec();
 }
 
-/// Standard error that keeps what the crash message was when the first byte came.
+/// Standard error that records what the crash message was when the first byte arrived.
 class watched_errors : public std::streambuf
 {
 protected:

@@ -1,32 +1,32 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// Stands in for the user of a program that runs outside of the test: Qt loads this as a generic
-// plugin into the program itself (QT_QPA_GENERIC_PLUGINS), so the program stays as it is.
+// Acts as the user of a program that runs outside the test: Qt loads this as a generic plugin into
+// the program itself (QT_QPA_GENERIC_PLUGINS), so the program needs no change.
 //
-// Once its main window is on the screen and all its events are served, it prints "shown" and does
-// what INSIDE_DRIVER says, steps separated by ";":
-//   report      prints what the program's set-up has made of style, identity and texts
+// Once the program's main window is on the screen and all its events are processed, this prints
+// "shown" and runs the steps in INSIDE_DRIVER, separated by ";":
+//   report      prints the style, identity and texts that the program's set-up has made
 //   open PATH   sends a file-open event to the application object
 //   rows        prints how many rows the table has
 //   settings LANGUAGE ANSWER
 //               clicks the settings button, picks the language, closes the dialog and clicks the
-//               button ANSWER, "Yes" or "No", of the question behind it; prints its title
+//               button ANSWER, "Yes" or "No", of the question that follows; prints its title
 //   shift UNIT TEXT
 //               types the text into the field of that unit
 //   click NAME  clicks one of the window's buttons by the names below
 //   choose COUNT
-//               opens all files in the file dialog, once it is on the screen and lists so many; the
-//               steps behind don't wait for it
+//               opens all files in the file dialog, once it is on the screen and lists COUNT
+//               files; later steps don't wait for it
 //   values BATCH
-//               prints from now on each value that the progress of the batch, "load" or "fix"
-//               (which is that of an undo too), is set to
+//               from now on prints each value of the progress of the batch: "load" or "fix"
+//               ("fix" also stands for an undo)
 //   at BATCH VALUE STEP
-//               takes the step once, with the first events that are served when the progress has
-//               reached the value
+//               runs the step once, with the first events that are processed after the progress
+//               has reached the value
 //   when FILE STEP
-//               takes the step once that file exists; the steps behind don't wait for it
+//               runs the step once that file exists; later steps don't wait for it
 //   showing STEP
-//               takes the step while the window comes up, ahead of all others
+//               runs the step while the window opens, before all others
 //   raise NUMBER
 //               sends itself the signal
 //   hide | close | exit STATUS
@@ -95,7 +95,7 @@ void print_report(const QMainWindow &window)
         print("tool tip", button->toolTip());
 }
 
-/// Does in the settings dialog, and in the box behind it, what the user would do.
+/// Does in the settings dialog, and in the box that follows, what the user would do.
 class settings_user
 {
 public:
@@ -139,10 +139,10 @@ private:
     QTimer poll;
 };
 
-/// Where a button of the window stands: none of them has a text.
+/// Where a button of the window is: none of them has a text.
 struct button_place {
     const char *name;
-    const char *strip;  ///< the widget that the button stands in
+    const char *strip;  ///< the widget that contains the button
     int from_left;
 };
 
@@ -177,7 +177,7 @@ void type_shift(const QMainWindow &window, const QString &unit, const QString &t
     QTest::keyClicks(window.findChild<QWidget *>("lineedit_" + unit), text);
 }
 
-/// Returns false, and does nothing, as long as no file dialog with so many files is on the screen.
+/// Returns false, and does nothing, until a file dialog with this many files is on the screen.
 bool choose_all_files(int count)
 {
     auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
@@ -192,7 +192,7 @@ bool choose_all_files(int count)
     return true;
 }
 
-/// The progress dialogs are told apart by the order in which the window makes them.
+/// The window makes the progress dialogs in a fixed order, which tells them apart.
 const QProgressBar *progress_bar(const QMainWindow &window, const QString &batch)
 {
     const auto dialogs = window.findChildren<QProgressDialog *>();
@@ -233,7 +233,8 @@ private:
     void begin()
     {
         QAbstractEventDispatcher::instance()->disconnect(this);
-        // Past the stream's buffer, which a signal behind the write would have flushed once more.
+        // Bypasses the stream's buffer: a signal after the write would have flushed that a second
+        // time.
         if (write(STDOUT_FILENO, shown_line, sizeof shown_line - 1) == -1)
             qFatal("nobody reads");
         if (!steps.isEmpty())
@@ -318,7 +319,7 @@ private:
         });
     }
 
-    /// Tries it again and again, until it says that it could be done.
+    /// Repeats the attempt until it succeeds.
     void run_once(const std::function<bool()> &attempt)
     {
         constexpr int poll_ms = 5;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // A scripted stand-in for the metadata tool. It records every byte that it receives and answers as
-// the files in the folder named by KELVRA_STAND_IN tell it; see scripted_tool.h for these files.
+// the files in the folder named by KELVRA_STAND_IN say; scripted_tool.h describes these files.
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -54,7 +54,7 @@ void append(const std::string &name, const std::string &bytes)
     close(file);
 }
 
-/// `text` with \n, \r, \t, \0, \\ and \xHH replaced by what they stand for.
+/// `text` with \n, \r, \t, \0, \\ and \xHH replaced by the characters they mean.
 std::string unescaped(const std::string &text)
 {
     static const std::map<char, char> escapes = {
@@ -73,7 +73,7 @@ std::string unescaped(const std::string &text)
     return plain;
 }
 
-/// Waits until the test has put a file of this name into the folder, and takes it away.
+/// Waits until the test has put a file of this name into the folder, then removes the file.
 void await(const std::string &name)
 {
     const std::string path = folder + "/" + name;
@@ -86,8 +86,8 @@ std::string file_name(const std::string &path)
     return path.substr(path.rfind('/') + 1);
 }
 
-/// The photo of a request: the first line that is neither empty nor an option, or the line behind
-/// an empty one, so that a name may begin with a dash.
+/// The photo of a request: the line after an empty one, so that a name may begin with a dash;
+/// without an empty line, the first line that isn't an option.
 std::string photo_of(const std::vector<std::string> &request)
 {
     for (std::size_t i = 0; i + 1 < request.size(); ++i) {
@@ -145,7 +145,7 @@ void run_action(const std::string &line, const std::vector<std::string> &request
         append("unknown_actions", line + "\n");
 }
 
-/// @param request  what it is run for, empty without one
+/// @param request  the request to answer; empty if there is none
 void run_script(const std::string &script, const std::vector<std::string> &request)
 {
     std::istringstream lines(script);

@@ -1,19 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// Runs requests of the metadata tool as its arguments say, in a process of its own: what the
-// program writes to its standard streams, and how it ends, is seen from outside.
+// Runs requests to the metadata tool, as its arguments say, in a separate process: a test then sees
+// from outside what the program writes to its standard streams and how it ends.
 //
 // usage: tool_session COMMAND ...
-//   read PATH | read-plain PATH | read-print PATH   prints the tags, a line each
+//   read PATH | read-plain PATH | read-print PATH   prints the tags, one per line
 //   write PATH COUNT TAG=VALUE ...                  prints "result: true" or "result: false"
 //   stamp PATH
 //   load PATH                                       through exif_cache, prints the record
 //   quiet on|off
-//   hold                                            keeps a pointer to the tool beyond its own
-//   close | close-write                             of the process object
+//   hold                                            keeps a pointer to the tool until the end
+//   close | close-write                             closes the process object or its input
 //   kill-tool | await-tool                          returns when the tool has ended
 //   pause MS                                        runs the event loop meanwhile
-//   exit                                            ends the process from within a function
+//   exit                                            ends the process inside a function
 
 #include "exif_cache.h"
 #include "orv/exiftool.h"
