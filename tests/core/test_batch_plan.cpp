@@ -122,9 +122,10 @@ void test_batch_plan::candidates_of_a_photo_dated_in_ifd0()
                           file_modified, file_created, ifd0_original}));
 }
 
-/// A row for each tag and each combination of presence, stored zone (+02:00) and entry (3 hours).
-/// @param expected  one for each combination: none of them, entry, zone, zone and entry, and the
-///                  same for a photo that has the tag
+/// Adds a row for each tag and each combination of presence, stored zone (+02:00) and entered zone
+/// (3 hours).
+/// @param expected  the values for: no zone, entered zone, stored zone, both zones; then the same
+///                  for a photo that has the tag
 void test_batch_plan::add_fix_rows(const QStringList &tags, const QStringList &expected)
 {
     for (const QString &tag : tags) {

@@ -13,7 +13,7 @@ namespace
 const QString exif_time = "ExifIFD:DateTimeOriginal=2017:05:03 12:00:00";
 const QString ifd0_time = "IFD0:DateTimeOriginal=2018:06:04 13:01:02";
 
-/// What the record of a photo without any of the tags holds.
+/// The record of a photo without any of the tags.
 const tag_map bare_record = {{"has_data", "true"},
                              {"has_iptc_date", "false"},
                              {"has_iptc_time", "false"},

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// The demonstration: takes three photos of its own through the real main window, load, preview,
-// fix, load again and undo, and looks at the files after each step by an ExifTool of its own.
+// The demonstration: makes three photos, takes them through load, preview, fix, reload and undo in
+// the real main window, and checks the files after each step with a separate ExifTool.
 //
-// usage: kelvra_demo FOLDER    for the pictures of the steps; exits 0 only if all agrees
+// usage: kelvra_demo FOLDER    saves pictures of the steps there; exits 0 only if all agrees
 
 #include "MainWindow.h"
 #include "drop.h"
@@ -39,7 +39,7 @@ const char typed_zone[] = "2";
 using photo_values = QMap<QString, QString>;  ///< shown tag to value
 using folder_values = QMap<QString, photo_values>;
 
-/// What the table promises for a photo.
+/// What the table's preview promises for a photo.
 struct preview {
     QString text;
     QDateTime time;
@@ -102,7 +102,7 @@ QMap<QString, preview> read_previews(const table_data_model &model)
     return previews;
 }
 
-/// Answers each message box that comes up with its Yes button, and says so.
+/// Answers each message box that opens with its Yes button, and prints that.
 void answer_all_boxes()
 {
     auto *box = qobject_cast<orv::message_box *>(QApplication::activeModalWidget());
@@ -123,7 +123,7 @@ bool is_same_instant(const QString &value, const QDateTime &time, const QString 
     return instant(value) == instant(time.toString(date_time_format) + zone);
 }
 
-/// Whether `value` is what the preview promised for the tag, given what stood there before.
+/// Whether `value` is what the preview promised for the tag, given its value before the fix.
 bool is_as_promised(const QString &tag, const QString &value, const QString &before,
                     const preview &promise)
 {
@@ -148,7 +148,7 @@ QString table_row(const QStringList &cells)
     return row;
 }
 
-/// Prints what happened to each tag and returns whether all of it is right.
+/// Prints what happened to each tag and returns whether everything is right.
 bool print_table(const steps &seen)
 {
     bool agrees = true;

@@ -11,7 +11,7 @@ using qor::qt::cell;
 namespace
 {
 
-/// A value for each field that a fresh cell doesn't have.
+/// A cell in which every field differs from that of a new cell.
 cell filled_cell(QWidget *widget, qor::qt::layout *owner)
 {
     cell filled(widget);

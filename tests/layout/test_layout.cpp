@@ -21,7 +21,7 @@ Q_DECLARE_METATYPE(lines)
 namespace
 {
 
-/// Where the cursor stood at the moment when the watched widget got another parent.
+/// Records where the cursor is when the watched widget gets another parent.
 class cursor_at_adoption : public QObject
 {
 public:

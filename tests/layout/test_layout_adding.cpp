@@ -23,7 +23,7 @@ using qor::qt::clicked_cell;
 using qor::qt::layout;
 namespace properties = qor::qt::properties;
 
-/// Addresses that Qt calls for each object made and each one dying: qhooks_p.h of Qt 5.
+/// Functions that Qt calls for each object created and destroyed: see qhooks_p.h of Qt 5.
 extern Q_CORE_EXPORT quintptr qtHookData[];
 
 namespace
@@ -32,7 +32,7 @@ namespace
 constexpr int hook_for_made_objects = 3;
 constexpr int hook_for_dying_objects = 4;
 
-/// Counts the receivers of the kit that are made while this lives.
+/// Counts the toolkit's click receivers that are created during its lifetime.
 class made_lambdas
 {
 public:
@@ -67,14 +67,14 @@ private:
     static inline QSet<QObject *> objects;
 };
 
-/// A button that tells how many receivers its click has.
+/// A button that shows how many receivers its click has.
 class open_button : public QPushButton
 {
 public:
     int click_receivers() const { return receivers("2clicked()"); }
 };
 
-/// A shown window that a layout fills.
+/// A window on the screen that is filled by a layout.
 struct laid_out_window {
     laid_out_window() { window.resize(300, 200); }
 
@@ -84,7 +84,7 @@ struct laid_out_window {
         QVERIFY(QTest::qWaitForWindowExposed(&window));
     }
 
-    /// Clicks into the middle of a widget, by events of the window.
+    /// Clicks the middle of a widget, through events of the window.
     void click(const QWidget &widget)
     {
         QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {},

@@ -19,7 +19,7 @@ namespace
 constexpr int greatest = std::numeric_limits<int>::max();
 constexpr int least = std::numeric_limits<int>::min();
 
-constexpr int failed_status = 255;  // -1 as a system with eight bits of status shows it
+constexpr int failed_status = 255;  // -1, as an eight-bit exit status
 
 program_result misuse(const QString &way)
 {

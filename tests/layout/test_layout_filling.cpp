@@ -30,7 +30,7 @@ void test_layout_filling::add_at_fills_the_grid_if_not_told_otherwise_data()
     QTest::newRow("left with gaps") << true << "a#-|bz-";
 }
 
-// The span reaches into columns that the layout got by an earlier cell.
+// The new cell spans a column that the layout got from an earlier call.
 void test_layout_filling::add_at_fills_the_grid_if_not_told_otherwise()
 {
     QFETCH(bool, skip_fill);
@@ -114,7 +114,7 @@ void test_layout_filling::each_fill_makes_its_backgrounds_data()
 {
     QTest::addColumn<QString>("before");
     QTest::addColumn<int>("made");
-    // One for the covered cells of a run, one for each position that the lines have at that time.
+    // Each run makes one for its covered cells, and one for each position that exists at that time.
     QTest::newRow("no lines yet") << "" << 1;
     QTest::newRow("one position") << "a" << 1 + 1;
     QTest::newRow("full lines") << "a b* c d" << 1 + 4;

@@ -15,7 +15,7 @@ Q_DECLARE_METATYPE(lines)
 namespace
 {
 
-/// What a cell says about one axis.
+/// What a cell asks for on one axis.
 struct side {
     float size = -1;
     float margin_before = -1;
@@ -60,7 +60,7 @@ area area_on(Qt::Orientation axis, const QWidget *widget)
                                   : area{widget->y(), widget->height()};
 }
 
-/// A screen whose cells follow each other on `axis`, 40 pixels in the other direction.
+/// A screen whose cells follow each other along `axis`, 40 pixels in the other direction.
 struct strip : layout_screen {
     strip(Qt::Orientation axis, int length)
         : layout_screen(axis == Qt::Horizontal ? QSize(length, 40) : QSize(40, length), 0,
@@ -79,7 +79,7 @@ struct strip : layout_screen {
     Qt::Orientation axis;
 };
 
-/// The placing in the words of its rule, for one axis: content and background.
+/// The rule for placing a cell on one axis, restated: the areas of content and background.
 QVector<area> by_the_rule(const side &wish, float slot, float slot_start)
 {
     float start = 0;
@@ -113,7 +113,7 @@ QVector<area> by_the_rule(const side &wish, float slot, float slot_start)
             {cut(start - wish.padding_before), background_size < 0 ? 0 : background_size}};
 }
 
-/// All wishes that can be made of these values.
+/// All combinations of these values.
 QVector<side> many_wishes()
 {
     QVector<side> wishes;
@@ -170,7 +170,7 @@ void test_layout_geometry::content_stands_in_its_slot_data()
     QTest::addColumn<side>("wish");
     QTest::addColumn<area>("content");
     QTest::addColumn<area>("background");
-    // The slot begins at 30 and is 200 long.
+    // The slot begins at pixel 30 and is 200 pixels long.
     const struct {
         const char *name;
         side wish;
@@ -236,7 +236,7 @@ void test_layout_geometry::every_wish_is_placed_by_the_rule_data()
     QTest::addColumn<lines>("sizes");
     QTest::addColumn<float>("slot");
     QTest::addColumn<float>("slot_start");
-    // The cell in question stands in the second line.
+    // The cell under test is in the second line.
     add_axis_rows("fixed slot", [](QTestData &data) {
         data << 500 << lines{30, 200} << 200.0f << 30.0f;
     });
@@ -347,7 +347,7 @@ void test_layout_geometry::single_precision_decides_data()
     QTest::addColumn<int>("tested");
     QTest::addColumn<side>("wish");
     QTest::addColumn<area>("expected");
-    // In exact arithmetic these begin one pixel later.
+    // In exact arithmetic these would begin one pixel later.
     add_axis_rows("centred in the middle third", [](QTestData &data) {
         data << 3 << 1 << side{36} << area{31, 36};
     });

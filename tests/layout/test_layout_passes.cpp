@@ -13,7 +13,7 @@ using qor::qt::cell;
 namespace
 {
 
-/// The widgets among the children of `parent`, from the lowest to the topmost, by name.
+/// The names of the widgets among the children of `parent`, from the lowest to the topmost.
 QStringList stacked_names(const QWidget &parent)
 {
     QStringList names;
@@ -26,7 +26,7 @@ QStringList stacked_names(const QWidget &parent)
 
 constexpr QRect disturbed(5, 6, 1, 1);
 
-/// Puts the widget where no pass would, so that the next one shows.
+/// Puts the widget where no pass would put it, so that the next pass is noticed.
 void disturb(QWidget *widget)
 {
     widget->setFixedSize(disturbed.size());
@@ -309,7 +309,7 @@ void test_layout_passes::layout_in_a_layout_is_laid_out()
     QVERIFY(second.content->isVisible());
 }
 
-// Each pass fixes sizes, for which Qt asks for the next one.
+// Each pass fixes sizes, which makes Qt request the next pass.
 void test_layout_passes::passes_come_to_an_end_by_themselves()
 {
     layout_screen screen(QSize(300, 100));

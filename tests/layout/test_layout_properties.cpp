@@ -18,8 +18,8 @@ Q_DECLARE_METATYPE(writing)
 namespace
 {
 
-/// Content of 30 by 20 pixels with a sheet, in an unseen window, and its cell. Only what is hidden
-/// by its own call is hidden here.
+/// A widget of 30 by 20 pixels with a style sheet, in a window that is never shown, and its cell.
+/// Only a widget that is hidden explicitly counts as hidden here.
 struct placed_content {
     placed_content()
     {
@@ -64,7 +64,7 @@ QMap<QString, QString> fields_of(const cell &shown)
             {"column", number(shown.column)}};
 }
 
-/// All that a property may change: the fields of the cell, its widget and its background.
+/// Everything that a property can change: the fields of the cell, its widget and its background.
 QMap<QString, QString> state_of(cell &shown)
 {
     QMap<QString, QString> state = fields_of(shown);
@@ -81,7 +81,7 @@ QMap<QString, QString> state_of(cell &shown)
     return state;
 }
 
-/// What is different after these properties, as "name=value", sorted by name.
+/// What changes when these properties are applied, as "name=value", sorted by name.
 QStringList effect_of(const property_list &list, cell &target)
 {
     const auto before = state_of(target);

@@ -15,8 +15,8 @@ namespace
 
 constexpr QSize window_size(300, 200);
 
-/// Writes down what happens to a window: each resize with the size that the watched content has
-/// then, and each painting.
+/// Records what happens to a window: each resize, with the size of the watched content at that
+/// time, and each repaint.
 class record : public QObject
 {
 public:
@@ -50,7 +50,7 @@ private:
     const QWidget *content;
 };
 
-/// What is recorded when the layouts are laid out anew with each of these sizes of the content.
+/// The expected record when the layouts are updated with each of these content sizes in turn.
 QStringList frames(const QVector<QSize> &contents, bool are_painted)
 {
     QStringList entries;
@@ -75,7 +75,7 @@ struct sliding_window {
         window.resize(window_size);
     }
 
-    /// Shows the window; true when it is laid out.
+    /// Shows the window. Returns true once it is laid out.
     bool show()
     {
         const QSize expected(grid->column_widths[0], grid->row_heights[0]);
@@ -99,7 +99,7 @@ struct slide_row {
     QVector<int> sizes;
 };
 
-/// The sizes that the line has at each frame. There are 25 steps in a second.
+/// The sizes of the line at each frame. There are 25 steps in a second.
 const QVector<slide_row> &slides()
 {
     static const QVector<slide_row> rows = {
@@ -151,7 +151,7 @@ private slots:
     void moves_the_dialog_and_not_its_owner();
 };
 
-/// A slide that doesn't wait would be over at once.
+/// A slide that doesn't wait between its steps would end immediately.
 void test_slide::each_step_takes_its_share_of_a_second()
 {
     constexpr int steps = 3;
@@ -336,7 +336,7 @@ void test_slide::any_way_leads_to_the_target_data()
     QTest::newRow("from the least to the greatest") << least << greatest;
 }
 
-/// Without a window on the screen, which couldn't become so large.
+/// The window isn't shown, since on a screen it couldn't become this large.
 void test_slide::any_way_leads_to_the_target()
 {
     QFETCH(int, start);
@@ -369,7 +369,7 @@ void test_slide::slides_in_a_layout_inside()
     inner->add(cell(new QWidget));
     inner->row_height(0) = 80;
     screen.grid->add(inner);
-    screen.grid->row_heights = {60, 10, 0};  // one pixel of the window is one of the holder
+    screen.grid->row_heights = {60, 10, 0};  // one pixel of window width is one of the holder's
     QVERIFY(screen.show());
     cell &sliding = inner->cells.at({0, 0});
     QTRY_COMPARE(sliding.content->size(), QSize(70, 80));

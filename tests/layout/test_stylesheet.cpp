@@ -22,7 +22,7 @@ QStringList read_declarations(stylesheet &sheet)
     return shown;
 }
 
-/// Counts how often a widget that is shown gets a style sheet.
+/// Counts how often a polished widget gets a style sheet.
 class sheet_counter : public QObject
 {
 public:

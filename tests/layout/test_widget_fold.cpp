@@ -21,12 +21,12 @@ namespace properties = qor::qt::properties;
 namespace
 {
 
-constexpr int failed_status = 255;  // -1 as a system with eight bits of status shows it
+constexpr int failed_status = 255;  // -1, as an eight-bit exit status
 constexpr int panel_height = 150;
 constexpr int row_height = 90;
 constexpr int fold_height = 25;
 
-/// A button that asks for a width of the test's choice.
+/// A button whose size hint has a given width.
 class hinted_button : public QPushButton
 {
 public:
@@ -43,7 +43,7 @@ widget_fold *plain_section()
     return new widget_fold("Title", nullptr, 0, fold_height);
 }
 
-/// A window with a panel, in which a button makes a section: that is a row of the panel's layout.
+/// A window with a panel and a button that adds a section to the panel's layout as a new row.
 class fold_window
 {
 public:
@@ -57,7 +57,8 @@ public:
         window.show();
     }
 
-    /// Clicks the button that makes a section. Nothing runs behind the click: not the late step.
+    /// Clicks the button that makes a section. Nothing else runs after the click, so the late step
+    /// doesn't.
     widget_fold *click_for_section()
     {
         section = nullptr;
@@ -99,7 +100,7 @@ const cell &content_cell(const widget_fold *section)
     return section->main_layout->cells.at({0, 1});
 }
 
-/// The interval, in milliseconds, of the timer that takes the late step; -1 without one.
+/// The interval, in milliseconds, of the timer for the late step; -1 if there is none.
 int late_step_interval()
 {
     auto *dispatcher = QAbstractEventDispatcher::instance();
@@ -111,13 +112,13 @@ int late_step_interval()
     return -1;
 }
 
-/// Has the late step run.
+/// Waits until the late step has run.
 bool wait_for_late_step(const widget_fold *section)
 {
     return QTest::qWaitFor([&] { return content_cell(section).height != 400; });
 }
 
-/// Writes down what holds at each resize of the window.
+/// Records a state at each resize of the window.
 class watch : public QObject
 {
 public:
@@ -323,7 +324,7 @@ void test_widget_fold::button_column_is_as_wide_as_the_button_asks()
     QCOMPARE(section->main_layout->column_widths[1], 0);
 }
 
-// When it is made it has no parent, so the window that is resized is the section itself.
+// A new section has no parent, so the window that is resized is the section itself.
 void test_widget_fold::is_resized_when_made()
 {
     const QSize untouched = QWidget().size();
@@ -341,7 +342,7 @@ void test_widget_fold::is_resized_when_made()
     QCOMPARE(size, untouched);
 }
 
-// The cell around the clicked widget is that of the panel.
+// The cell around the clicked widget is the panel's.
 void test_widget_fold::content_gets_the_height_of_the_row_later()
 {
     fold_window screen;
@@ -375,7 +376,7 @@ void test_widget_fold::late_step_passes_a_dead_section_by()
     const widget_fold *section = screen.click_for_section();
     QVERIFY(section);
     QVERIFY(!dead);
-    // Of two steps at the same time the earlier one runs first.
+    // Of two timers that are due at the same time, the older one fires first.
     bool both_ran = false;
     QTimer::singleShot(1, [&] { both_ran = true; });
     QTRY_VERIFY(both_ran);

@@ -27,8 +27,8 @@ const QByteArray write_request =
 
 constexpr int pipe_size = 65536;
 
-/// Files that aren't there. Joined by line ends they make one path to the program and an argument
-/// each to the tool.
+/// Paths of files that don't exist. Joined by line ends they are one path to the program, but one
+/// argument each to the tool.
 QStringList missing_files()
 {
     QStringList paths;
@@ -44,7 +44,7 @@ QString make_pipe(const QString &path)
     return path;
 }
 
-/// Opens the pipe to write and closes it again; false where nobody waits to read (fifo(7)).
+/// Opens the pipe for writing and closes it again; false if nobody is waiting to read (fifo(7)).
 bool end_pipe(const QString &path)
 {
     const int file = open(QFile::encodeName(path), O_WRONLY | O_NONBLOCK | O_CLOEXEC);
@@ -53,7 +53,7 @@ bool end_pipe(const QString &path)
 
 }  // namespace
 
-/// A tool that fails while the program relies on it, seen from outside of the program.
+/// A tool that fails while the program relies on it, seen from outside the program.
 class test_exiftool_faults : public QObject
 {
     Q_OBJECT
@@ -97,7 +97,7 @@ void test_exiftool_faults::init()
     folder = std::make_unique<isolated_program>(TOOL_SESSION_PROGRAM);
 }
 
-/// A session of these commands says this, and then nothing but warnings.
+/// Verifies that a session of these commands prints `said`, and then nothing but warnings.
 void test_exiftool_faults::verify_waits_without_an_end(const QStringList &commands,
                                                        const QByteArray &said)
 {
@@ -160,7 +160,7 @@ void test_exiftool_faults::tool_that_died_before_leaves_the_request_waiting_data
     QTest::newRow("seen, write") << QStringList{"await-tool"} << write_command;
 }
 
-/// The reply is whole, so that its request ends; the next one finds nobody.
+/// The reply is complete, so its request ends; the next request finds no tool.
 void test_exiftool_faults::tool_that_died_before_leaves_the_request_waiting()
 {
     QFETCH(QStringList, before);
@@ -211,7 +211,7 @@ void test_exiftool_faults::line_behind_the_marker_keeps_the_request_waiting_data
     QTest::newRow("NUL") << "-A=1\\n{ready}\\0";
 }
 
-/// The tool lives, so that there is a warning each second and no more.
+/// The tool is alive, so there is only one warning a second.
 void test_exiftool_faults::line_behind_the_marker_keeps_the_request_waiting()
 {
     QFETCH(QString, reply);
@@ -274,8 +274,8 @@ void test_exiftool_faults::output_before_the_first_request_belongs_to_its_reply(
     QCOMPARE(result.errors, QByteArray());
 }
 
-/// The session asks the tool for so many missing files that its words don't fit into a pipe, and
-/// has it write a photo afterwards.
+/// The session asks the tool for so many missing files that its messages don't fit into a pipe, and
+/// then makes it write a photo.
 void test_exiftool_faults::many_words_of_the_real_tool(const QStringList &commands,
                                                        const QByteArray &words)
 {
@@ -324,8 +324,8 @@ void test_exiftool_faults::pipe_is_missing_or_waited_for_data()
                                          << "" << failed << failed;
 }
 
-/// To an older tool the pipe isn't there. A newer one waits until the other end is opened, and the
-/// request with it.
+/// An older tool reports the pipe as missing. A newer one waits until the other end is opened, and
+/// the request waits with it.
 void test_exiftool_faults::pipe_is_missing_or_waited_for()
 {
     QFETCH(QString, verb);
@@ -348,7 +348,7 @@ void test_exiftool_faults::pipe_is_missing_or_waited_for()
              session.said);
 }
 
-/// Here the older tool waits, and the newer one doesn't open the pipe.
+/// Here it is the older tool that waits, and the newer one doesn't open the pipe.
 void test_exiftool_faults::pipe_for_the_temporary_file_is_reported_or_waited_for()
 {
     folder->use_real_tool();

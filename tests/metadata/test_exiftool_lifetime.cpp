@@ -22,7 +22,7 @@ const QString photo = "/p/photo.jpg";
 const QByteArray one_tag = "tag: A=1\ntags: 1\n";
 const QByteArray quit_request = "-stay_open\nFalse\n";
 
-/// What a write of a single tag to the photo says and gives on a tool that didn't start.
+/// What is printed when a single tag is written to the photo with a tool that didn't start.
 QByteArray write_without_tool()
 {
     const QByteArray request = "\n/p/photo.jpg\n-overwrite_original_in_place\n-m\n-A=1\n-execute\n";
@@ -30,7 +30,7 @@ QByteArray write_without_tool()
            "result: true\n";
 }
 
-/// An environment variable for the programs that are started while this lives.
+/// Sets an environment variable for the programs that are started during its lifetime.
 class environment_value
 {
 public:
@@ -368,7 +368,7 @@ void test_exiftool_lifetime::tool_that_ends_at_once_has_started_data()
     QTest::addColumn<QStringList>("commands");
     QTest::addColumn<QByteArray>("output");
     for (const QString end : {"exit 0", "exit 3"}) {
-        // Nobody has looked after the tool in between: it is taken for a running one.
+        // Nothing has checked the tool in between, so it still counts as running.
         QTest::newRow(qPrintable(end + ", not seen"))
             << end << QStringList{"quiet", "off"} << QByteArray();
         QTest::newRow(qPrintable(end + ", seen"))

@@ -16,15 +16,15 @@ namespace
 const QByteArray request = "\n/p/photo.jpg\n-overwrite_original_in_place\n-m\n-A=1\n-execute\n";
 const int whole = request.size();
 
-/// The pipe as the test has it: what each attempt to write is told of its success, and the bytes
-/// that each has offered. All of them go down with the first attempt, so that the request is
-/// answered in any case.
+/// The scripted pipe: the result reported for each attempt to write, and the bytes that each
+/// attempt offered. All bytes are really sent with the first attempt, so that the request is always
+/// answered.
 QList<int> results;
 QList<QByteArray> offers;
 
 }  // namespace
 
-// The linker puts this before QIODevice::write(const char *, qint64).
+// The linker redirects QIODevice::write(const char *, qint64) to `write_by_script`.
 qint64 real_write(QIODevice *device, const char *bytes,
                   qint64 size) asm("__real__ZN9QIODevice5writeEPKcx");
 qint64 write_by_script(QIODevice *device, const char *bytes,
@@ -37,11 +37,11 @@ qint64 write_by_script(QIODevice *device, const char *bytes, qint64 size)
     if (offers.isEmpty())
         real_write(device, bytes, size);
     offers << QByteArray(bytes, static_cast<int>(size));
-    // More attempts than there are results fail the comparison of their numbers.
+    // With more attempts than results, the comparison of their numbers fails.
     return offers.size() <= results.size() ? results[offers.size() - 1] : whole;
 }
 
-/// A pipe that takes a request in pieces, or not at all.
+/// A pipe that accepts a request in pieces, or not at all.
 class test_exiftool_pipe : public QObject
 {
     Q_OBJECT
@@ -97,7 +97,7 @@ void test_exiftool_pipe::attempts_are_counted_data()
 }
 // clang-format on
 
-/// Each attempt offers as many bytes as the whole request has, from where the count stands.
+/// Each attempt offers as many bytes as the whole request has, starting at the current count.
 void test_exiftool_pipe::attempts_are_counted()
 {
     QFETCH(QList<int>, answers);

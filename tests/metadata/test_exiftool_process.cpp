@@ -113,7 +113,7 @@ void test_exiftool_process::cleanup()
     exiftool::instance()->set_quiet(false);
 }
 
-/// Reads a photo; behind the reply the tool carries out `action`, but not before this is over.
+/// Reads a photo. After the reply the tool runs `action`, but not before the read has returned.
 void test_exiftool_process::read_before_more(const QString &action, const QString &reply)
 {
     QFile::remove(tool.path() + "/done");
@@ -122,8 +122,8 @@ void test_exiftool_process::read_before_more(const QString &action, const QStrin
     tool.touch("more");
 }
 
-/// Waits for the end of that action; what it wrote is then in the process object with an event
-/// loop, and still in the pipe without one.
+/// Waits until that action has ended. Its output is then in the process object if an event loop
+/// ran, and otherwise still in the pipe.
 void test_exiftool_process::wait_for_more(bool in_event_loop)
 {
     if (in_event_loop)
@@ -335,7 +335,7 @@ void test_exiftool_process::output_between_two_requests_belongs_to_the_second()
     QCOMPARE(read_text(), QString());
 }
 
-/// What the event loop has taken in doesn't end the wait; it comes along with the reply.
+/// Output read by the event loop doesn't end the wait; it becomes part of the next reply.
 void test_exiftool_process::marker_taken_in_between_two_requests_does_no_harm()
 {
     read_before_more("out -B=2\\n{ready}\\n");
@@ -345,7 +345,8 @@ void test_exiftool_process::marker_taken_in_between_two_requests_does_no_harm()
     QCOMPARE(read_text(), QString());
 }
 
-/// It ends the request at once, whose own reply is then taken for that of the one behind.
+/// The marker ends the next request at once. The request's own reply is then taken for the reply to
+/// the one after it.
 void test_exiftool_process::marker_left_between_two_requests_puts_them_out_of_step()
 {
     read_before_more("out -B=2\\n{ready}\\n");
@@ -389,7 +390,7 @@ void test_exiftool_process::quiet_tool_is_waited_for_in_silence()
     QCOMPARE(output.text(), QByteArray());
 }
 
-/// The pipe is emptied all the same, or the tool would stand still.
+/// The pipe is emptied all the same; otherwise the tool would block.
 void test_exiftool_process::quiet_keeps_a_flood_of_standard_error()
 {
     exiftool::instance()->set_quiet(true);

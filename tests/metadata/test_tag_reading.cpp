@@ -142,7 +142,7 @@ void test_tag_reading::broken_reply_gives_what_it_held()
     QCOMPARE(output.text(), QByteArray("[exiftool cerr] 'Error: half a file\n'\n"));
 }
 
-/// In the words of the tool.
+/// The messages are the tool's own.
 void test_tag_reading::unreadable_file_gives_what_the_reply_holds_data()
 {
     QTest::addColumn<QStringList>("answer");

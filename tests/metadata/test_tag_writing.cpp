@@ -15,7 +15,7 @@ namespace
 
 constexpr char signature[] = "Vorrin - Kelvra";
 
-/// A write of these tag lines to C:/p/x.jpg as it goes down the pipe.
+/// The request that writes these tag lines to C:/p/x.jpg, as sent through the pipe.
 QByteArray request_of(const QByteArray &tag_lines)
 {
     return "\nC:/p/x.jpg\n-overwrite_original_in_place\n-m\n" + tag_lines + "-execute\n";

@@ -20,7 +20,7 @@ namespace
 
 using handler = void (*)(int);
 
-/// In the place of the main window: it keeps what its `event` gets.
+/// Stands in for the main window and records the events that it gets.
 class recording_window : public QMainWindow
 {
 public:
@@ -61,7 +61,7 @@ bool send_file_open(const QString &path)
     return QCoreApplication::sendEvent(qApp, &event);
 }
 
-/// The handler of SIGTERM, which the test's own harness hasn't touched yet.
+/// The handler of SIGTERM, which the test framework hasn't replaced yet.
 handler current_handler()
 {
     const handler current = std::signal(SIGTERM, SIG_DFL);

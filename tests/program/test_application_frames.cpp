@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// Which places the application object puts on the stack, and when: this program has a trace_scope
-// of its own, which the linker takes before the library's, and which keeps a log.
+// Tests which frames the application object puts on the stack, and when: this program defines its
+// own trace_scope, which keeps a log. The linker prefers it to the library's.
 
 #include "MainWindow.h"
 #include "orv/application_common.h"

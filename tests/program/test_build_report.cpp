@@ -79,7 +79,7 @@ void test_build_report::versions_are_those_of_the_source_tree_data()
     QTest::newRow("qor") << QStringList("qor");
 }
 
-/// As of the commit that was built: there may be others since.
+/// Compared with the commit that was built, since there may be newer ones.
 void test_build_report::versions_are_those_of_the_source_tree()
 {
     QFETCH(QStringList, paths);
@@ -143,7 +143,7 @@ void test_build_report::report_is_a_box_with_one_button()
         QVERIFY(box.isModal());
         QCOMPARE(static_cast<int>(box.standardButtons()), static_cast<int>(QMessageBox::Ok));
         QCOMPARE(box.buttons().size(), 1);
-        // The one that a box without a named default has.
+        // The default button of a box for which none was set.
         QCOMPARE(box.defaultButton(), box.button(QMessageBox::Ok));
     });
     orv::show_application_information(&parent);
@@ -186,7 +186,7 @@ void test_build_report::report_waits_until_it_is_closed()
     QVERIFY(closed);
 }
 
-/// The catalogues stay installed, so this stands at the end.
+/// The catalogues stay installed, so this test comes last.
 void test_build_report::report_is_the_same_in_every_language()
 {
     const QString before = shown_report();

@@ -3,7 +3,7 @@
 #include "program_test_main.h"
 #include "shown_report.h"
 
-/// Takes the place of the build's: the linker asks the library only for what is missing here.
+/// Replaces the build's table: the linker takes from the library only what is missing here.
 const std::map<std::string, std::string> orv::build_components;
 
 class test_build_report_empty : public QObject

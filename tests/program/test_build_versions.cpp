@@ -37,14 +37,14 @@ QString made_folder(const QString &path)
     return path;
 }
 
-/// A source folder with a header beside it that the build writes.
+/// A source folder, with the header that the build writes beside it.
 struct source_tree {
     QTemporaryDir folder;
     const git_folder git = git_folder(made_folder(folder.filePath("source")));
 
     void make_repository() const { git.says({"init", "--quiet"}); }
 
-    /// Changes the files and commits them; the first seven digits of the commit.
+    /// Changes the files and commits them. Returns the first seven digits of the commit.
     QString commit(const QStringList &names) const
     {
         for (const QString &name : names) {
@@ -56,7 +56,7 @@ struct source_tree {
     }
 
     /// Writes the header as the build of version 4.5.6 does.
-    /// @param environment  variables that differ from those of the test
+    /// @param environment  variables that differ from the test's own
     bool write_header(const QMap<QString, QString> &environment = {}) const
     {
         return write_header_for(git.path, environment);
@@ -77,7 +77,7 @@ struct source_tree {
                cmake.exitCode() == 0 && cmake.readAllStandardError().isEmpty();
     }
 
-    /// What stands in the header.
+    /// The versions in the header.
     versions written() const
     {
         QFile header(header_path());
@@ -98,7 +98,7 @@ struct source_tree {
 
 }  // namespace
 
-/// The script that tells the build its versions, on source folders made for it.
+/// The script that tells the build its versions, run on source folders made for the test.
 class test_build_versions : public QObject
 {
     Q_OBJECT
@@ -310,7 +310,7 @@ void test_build_versions::repository_without_a_commit_gives_zeros()
     QCOMPARE(tree->written(), versions_without_git);
 }
 
-/// Such as an archive that somebody unpacked among his own work.
+/// For example an archive that somebody unpacked inside a repository.
 void test_build_versions::folder_inside_of_a_repository_isnt_one()
 {
     tree->make_repository();
@@ -320,7 +320,7 @@ void test_build_versions::folder_inside_of_a_repository_isnt_one()
     QCOMPARE(tree->written(), versions_without_git);
 }
 
-/// A hook of git that builds names its own repository for all that it starts.
+/// A git hook passes its own repository to everything that it starts, including a build.
 void test_build_versions::repository_of_a_hook_isnt_asked()
 {
     const source_tree other;
@@ -362,7 +362,7 @@ void test_build_versions::folder_of_another_user_is_a_repository()
     QCOMPARE(tree->written()["application"], "v4.5.6-1-g" + only_commit);
 }
 
-/// Otherwise each build would compile again.
+/// Otherwise every build would compile again.
 void test_build_versions::header_is_written_only_when_it_changes()
 {
     tree->make_repository();

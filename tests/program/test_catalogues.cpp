@@ -16,12 +16,12 @@ struct catalogue_entry {
     QString context;
     QString source;
     QString german;
-    QString state;  ///< such as "unfinished" or "vanished", empty for one that is in use
+    QString state;  ///< such as "unfinished" or "vanished", empty for an entry in use
 };
 
 using catalogue = QList<catalogue_entry>;
 
-/// Reads one message up to its end.
+/// Reads one message element to its end.
 catalogue_entry read_entry(QXmlStreamReader &reader, const QString &context)
 {
     catalogue_entry entry;
@@ -73,7 +73,7 @@ QStringList keys_of(const catalogue &entries)
     return keys;
 }
 
-/// The entries without a German form, or with one that isn't finished or has lost its source.
+/// The entries without a German text, and those that are unfinished or have lost their source.
 QStringList not_in_use(const catalogue &entries)
 {
     QStringList found;
@@ -84,7 +84,7 @@ QStringList not_in_use(const catalogue &entries)
     return found;
 }
 
-/// What a text leaves to be filled in, sorted.
+/// The placeholders of a text, sorted.
 QStringList placeholders(const QString &text)
 {
     static const QRegularExpression placeholder("%(\\d+|[vmp])");
@@ -100,8 +100,9 @@ QString tree_path(const QString &name)
     return QString(SOURCE_FOLDER) + "/resources/translations/" + name + ".ts";
 }
 
-/// Has Qt's own tool bring the catalogue at `path` up to date with the sources. Returns what it
-/// says of texts in the context of a base class or in none, which no catalogue would translate.
+/// Runs lupdate to bring the catalogue at `path` up to date with the sources. Returns what it
+/// reports about texts in the context of a base class or in none, which no catalogue would
+/// translate.
 QStringList update(const QString &path, const QStringList &folders)
 {
     QProcess tool;
@@ -116,7 +117,7 @@ QStringList update(const QString &path, const QStringList &folders)
 
 }  // namespace
 
-/// The German catalogues against the sources that they translate.
+/// Compares the German catalogues with the sources that they translate.
 class test_catalogues : public QObject
 {
     Q_OBJECT
@@ -153,8 +154,8 @@ void test_catalogues::init()
     QVERIFY(!entries.isEmpty());
 }
 
-/// A text of the sources without an entry becomes an unfinished one, an entry without a text a
-/// vanished one.
+/// A text in the sources without an entry becomes an unfinished entry, and an entry without a text
+/// a vanished one.
 void test_catalogues::texts_are_those_of_the_sources()
 {
     QFETCH_GLOBAL(QStringList, folders);

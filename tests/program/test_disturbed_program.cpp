@@ -16,7 +16,7 @@ namespace
 {
 
 constexpr int limit_ms = 60000;
-constexpr int failed_status = 255;  // -1 as a system with eight bits of status shows it
+constexpr int failed_status = 255;  // -1, as an eight-bit exit status
 constexpr char quit_request[] = "-stay_open\nFalse\n";
 constexpr char waiting_line[] = "Warning: Exiftool didn't supply any data in the last 1000 msec.\n";
 constexpr char empty_trace[] = "Stacktrace is empty\n\n";
@@ -26,13 +26,13 @@ QByteArray report_of(const QByteArray &signal_name)
     return "ERROR: received signal " + signal_name + "\n";
 }
 
-/// What the program has said, without the lines that a slow machine adds.
+/// The program's output, without the lines that a slow machine adds.
 QByteArray said(const running_program &program)
 {
     return QByteArray(program.output).replace(QByteArray(waiting_line), QByteArray());
 }
 
-/// A file-open event is on the stack of source places while its files load.
+/// The frame of a file-open event is on the stack while its files load.
 bool is_trace_of_an_event(const QByteArray &trace)
 {
     return trace.startsWith("Printing stacktrace with size 1:\n"
@@ -42,8 +42,8 @@ bool is_trace_of_an_event(const QByteArray &trace)
 
 }  // namespace
 
-/// The program as a whole when a batch of three photos is disturbed: by signals, by the end of its
-/// window, by the wish to quit. The tool is the scripted stand-in, so each moment is exact.
+/// The program as a whole when a batch of three photos is disturbed: by signals, by closing its
+/// window, by a request to quit. The tool is the scripted stand-in, so each moment is exact.
 class test_disturbed_program : public QObject
 {
     Q_OBJECT
@@ -65,14 +65,14 @@ private slots:
     void quitting_for_a_new_language_lets_the_fix_run_to_its_end();
 
 private:
-    /// The steps that start a batch, with a step behind its first photo.
+    /// The steps that start a batch and run `step` after its first photo.
     QString steps_with(const QString &batch, const QString &step) const;
     QString load_step() const { return "open " + photos->path(); }
     QByteArray reads(const QString &names) const;
     QByteArray fixes(const QString &names) const;
     QByteArray undos(const QString &names) const;
     QByteArray writes(const QString &names, const QByteArray &lines) const;
-    /// All that the tool gets until the batch has come to these photos.
+    /// Everything that the tool has received when the batch has reached these photos.
     QByteArray input_of(const QString &batch, const QString &names) const;
     qint64 tool_process() const { return tool->process_ids().value(0); }
 
@@ -244,7 +244,7 @@ void test_disturbed_program::signal_in_a_request_has_the_tool_quit_behind_it()
     QTRY_VERIFY_WITH_TIMEOUT(has_ended(tool_process()), limit_ms);
 }
 
-/// However long it takes: it may be writing a photo.
+/// However long the request takes: the tool may be writing a photo.
 void test_disturbed_program::tool_in_a_request_is_not_killed()
 {
     tool->script("5", {"touch asked", "await answer", "touch answered"});
@@ -262,7 +262,7 @@ void test_disturbed_program::tool_in_a_request_is_not_killed()
     QTRY_VERIFY_WITH_TIMEOUT(has_ended(tool_process()), limit_ms);
 }
 
-/// Such a wait fills the stream with lines; here the program stands still over them.
+/// Such a wait fills the output with warnings, so the program blocks when nobody reads them.
 void test_disturbed_program::signal_ends_the_wait_for_a_tool_that_died()
 {
     tool->script("5", {"touch asked", "exit 3"});

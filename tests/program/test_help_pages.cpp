@@ -28,7 +28,7 @@ QByteArray bytes_of(const QString &path)
     return file.readAll();
 }
 
-/// The umlauts of HTML's entities.
+/// Resolves HTML's entities for umlauts.
 class umlauts : public QXmlStreamEntityResolver
 {
 public:
@@ -49,7 +49,7 @@ struct shown_text {
     QString colour;
     int size_px = 0;
     int heading_level = 0;
-    int left_margin_px = 0;  ///< of its table, if it stands in one
+    int left_margin_px = 0;  ///< of its table, if it is in one
     int table_row = -1;
     int table_column = -1;
 };
@@ -133,7 +133,7 @@ private:
     QList<shown_text> texts;
 };
 
-/// Each row's tag starts with its page's language.
+/// Each row's name starts with the language of its page.
 void test_help_pages::init()
 {
     language = QString(QTest::currentDataTag()).left(2);
@@ -185,7 +185,7 @@ void test_help_pages::page_names_its_language()
     QCOMPARE(reader.attributes().value("xml:lang").toString(), language);
 }
 
-/// Nothing that a wrong charset could garble, and no zero byte, at which the page would end.
+/// No character that a wrong charset could garble, and no NUL, at which the page would end.
 void test_help_pages::bytes_are_ascii()
 {
     for (const char byte : qAsConst(source))
@@ -217,7 +217,7 @@ void test_help_pages::page_is_well_formed()
     QVERIFY2(!reader.hasError(), qPrintable(reader.errorString()));
 }
 
-/// Against the doctype's own definition, which the system's catalogue of such definitions has.
+/// Validated against the doctype's own definition, from the system's catalogue of such definitions.
 void test_help_pages::page_is_valid()
 {
     const QTemporaryDir folder;
@@ -321,7 +321,7 @@ void test_help_pages::paragraph_ends_in_its_link()
         QCOMPARE(piece.size_px, 12);
 }
 
-/// As it stands there, whatever the window listens to.
+/// The shortcuts as the page lists them, whether the window handles them or not.
 void test_help_pages::table_lists_the_shortcuts_data()
 {
     QTest::addColumn<QStringList>("expected");
@@ -355,7 +355,7 @@ void test_help_pages::text_has_family_colour_and_margin()
     }
 }
 
-/// The pieces of the paragraph of this number, which is neither heading nor table.
+/// The pieces of the paragraph with this number, not counting headings and tables.
 QList<shown_text> test_help_pages::paragraph(int number) const
 {
     QList<shown_text> pieces;

@@ -45,7 +45,7 @@ QStringList files_in(const QString &folder)
     return names;
 }
 
-/// What a link says, as it stands there.
+/// The target of a link, unresolved.
 QString link_text(const QString &path)
 {
     QProcess readlink;
@@ -67,7 +67,7 @@ bool install(const QString &prefix, const QString &stage = QString())
 
 }  // namespace
 
-/// What `cmake --install` leaves behind.
+/// The result of `cmake --install`.
 class test_installation : public QObject
 {
     Q_OBJECT
@@ -111,7 +111,7 @@ void test_installation::stage_stands_before_the_prefix()
     QVERIFY(QFile::exists(folder + "/share/man/man1/kelvra.1"));
 }
 
-/// Started by its link, and from another place than it was installed to.
+/// It is started through its link, and from a different place than it was installed to.
 void test_installation::installed_program_finds_its_tool_and_fixes_a_photo()
 {
     const QTemporaryDir folder;

@@ -23,10 +23,10 @@ using tag_values = QMap<QString, QString>;
 
 constexpr int photo_count = 100;
 constexpr int limit_ms = 60000;
-constexpr int failed_status = 255;  // -1 as a system with eight bits of status shows it
+constexpr int failed_status = 255;  // -1, as an eight-bit exit status
 constexpr char file_time[] = "2018:01:02 03:04:05+01:00";
 
-/// The dates of a photo, and what a shift of an hour makes of them.
+/// The dates of a photo, before and after a shift of an hour.
 struct photo_dates {
     const char *format;
     tag_values before;
@@ -86,7 +86,7 @@ void make_photo(const QString &path)
         make_tiff(path, tags);
 }
 
-/// A copy with the date of the file.
+/// Copies a photo and sets the file's own date.
 void copy_photo(const QString &source, const QString &target)
 {
     QFile file(target);
@@ -96,7 +96,7 @@ void copy_photo(const QString &source, const QString &target)
         qFatal("can't make %s", qPrintable(target));
 }
 
-/// All tags of all the files in a folder by their names, read in one go.
+/// All tags of all files in a folder by file name, read by a single ExifTool run.
 QMap<QString, tag_values> tags_in(const QString &folder)
 {
     QMap<QString, tag_values> photos;
@@ -120,7 +120,7 @@ bool has_all(const tag_values &tags, const tag_values &wanted)
     return true;
 }
 
-/// Like `picture_data`, but without a run of the tool for each TIFF file.
+/// Like `picture_data`, but without running the tool for each TIFF file.
 QByteArray picture_of(const QString &path, const tag_values &tags)
 {
     if (!path.endsWith(".tif"))
@@ -131,7 +131,7 @@ QByteArray picture_of(const QString &path, const tag_values &tags)
     return file.read(tags["IFD0:StripByteCounts"].toInt());
 }
 
-/// Waits until the process does nothing more: it has ended, or sleeps and goes on sleeping.
+/// Waits until the process does nothing more: it has ended, or it keeps sleeping.
 bool settles(qint64 process)
 {
     constexpr int pause_ms = 25;
@@ -146,7 +146,7 @@ bool settles(qint64 process)
     return asleep == enough_looks;
 }
 
-/// Ends a process when this goes, held or not: the tool that outlived its program.
+/// Kills a process on destruction, even a stopped one: the tool that outlived its program.
 class orphan
 {
 public:
@@ -166,8 +166,8 @@ private:
 
 }  // namespace
 
-/// The program ended from outside in the middle of a batch, with the real tool and a hundred photos
-/// of three formats. Whatever the moment, each photo is as before or fixed as a whole.
+/// The program is ended from outside in the middle of a batch, with the real tool and a hundred
+/// photos of three formats. Whatever the moment, each photo is unchanged or completely fixed.
 class test_killed_program : public QObject
 {
     Q_OBJECT
@@ -222,15 +222,15 @@ void test_killed_program::init()
     folder->use_real_tool();
 }
 
-/// The one process that the program has started.
+/// The only process that the program has started; 0 if there isn't exactly one.
 qint64 test_killed_program::tool_of(const running_program &program) const
 {
     const QList<qint64> children = children_of(program.process_id());
     return children.size() == 1 ? children.first() : 0;
 }
 
-/// How many photos are fixed; -1 if one is neither that nor as before, if a picture isn't the same
-/// any more, or if anything else lies in the folder.
+/// How many photos are fixed; -1 if a photo is neither fixed nor unchanged, if a picture has
+/// changed, or if the folder holds anything else.
 int test_killed_program::fixed_photos() const
 {
     const QDir::Filters everything = QDir::AllEntries | QDir::Hidden | QDir::System;
@@ -257,7 +257,7 @@ void test_killed_program::kill_in_a_fix_harms_no_photo_data()
 {
     QTest::addColumn<int>("done");
     QTest::addColumn<int>("delay_ms");
-    // The delays are spread over what the tool takes for a photo.
+    // The delays are spread over the time that the tool takes for a photo.
     for (int i = 0; i < 10; ++i)
         QTest::addRow("after %d photos and %d ms", 1 + 10 * i, 3 * i) << 1 + 10 * i << 3 * i;
 }
@@ -328,7 +328,7 @@ void test_killed_program::signal_in_a_batch_harms_no_photo()
     const qint64 tool = tool_of(program);
     QVERIFY(tool != 0);
     const orphan end(tool);
-    // Without an answer the program is in the middle of a request whenever the signal arrives.
+    // While the tool can't answer, the program is in a request whenever the signal arrives.
     kill(static_cast<pid_t>(tool), SIGSTOP);
     QVERIFY(settles(program.process_id()));
     program.receive(number);

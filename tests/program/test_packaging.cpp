@@ -17,14 +17,14 @@ QString text_of(const QString &name)
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
-/// The first thing in the file that the pattern captures.
+/// What the pattern first captures in the file.
 QString captured(const QString &name, const QString &pattern)
 {
     const QRegularExpression expression(pattern, QRegularExpression::MultilineOption);
     return expression.match(text_of(name)).captured(1);
 }
 
-/// The value of a key of the desktop entry; empty if it stands there twice.
+/// The value of a key in the desktop entry; empty unless the key occurs exactly once.
 QString entry_value(const QString &key)
 {
     const QString line = "\n" + key + "=";
@@ -33,7 +33,7 @@ QString entry_value(const QString &key)
     return captured(desktop_entry, "^" + QRegularExpression::escape(key) + "=(.*)$");
 }
 
-/// The sources of all kinds that can hold a comment.
+/// All sources that can hold a comment.
 QStringList sources()
 {
     QStringList names;
@@ -51,7 +51,7 @@ QStringList sources()
 
 }  // namespace
 
-/// The texts of an installation that no other program reads in a test.
+/// The installed texts that no other program reads in a test.
 class test_packaging : public QObject
 {
     Q_OBJECT
@@ -67,7 +67,7 @@ private slots:
     void licences_are_whole();
 };
 
-/// It takes no files on its command line, so it offers itself for none.
+/// The program takes no files on its command line, so the entry offers it for no file type.
 void test_packaging::entry_starts_the_program_plain()
 {
     QCOMPARE(entry_value("Exec"), QString("kelvra"));

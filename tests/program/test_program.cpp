@@ -17,7 +17,7 @@
 namespace
 {
 
-constexpr int failed_status = 255;  // -1 as a system with eight bits of status shows it
+constexpr int failed_status = 255;  // -1, as an eight-bit exit status
 
 QStringList files_below(const QString &folder)
 {
@@ -34,7 +34,7 @@ QStringList settings_files()
            files_below(qEnvironmentVariable("HOME"));
 }
 
-/// Unlike `clear_settings`, without the file of an empty store.
+/// Unlike `clear_settings`, this leaves no empty settings file.
 void remove_settings_files()
 {
     for (const QString &path : settings_files())
@@ -73,7 +73,7 @@ private slots:
     void other_signal_has_no_report();
 
 private:
-    /// A folder with the program and the stand-in in it, and one photo that the stand-in knows.
+    /// The photo that the stand-in knows.
     QString photo() const { return tool->path() + "/photo.jpg"; }
 
     std::unique_ptr<scripted_tool> tool;

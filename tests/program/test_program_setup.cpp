@@ -19,7 +19,7 @@
 namespace
 {
 
-/// A platform with tool tips of its own speed.
+/// A platform style with its own tool tip delays.
 class platform_style : public QProxyStyle
 {
 public:
@@ -43,8 +43,8 @@ private:
     const int fall_asleep_ms;
 };
 
-/// Counts the catalogues that the application got, since each of them is announced, and notes which
-/// texts are German by then.
+/// Counts the catalogues that the application installs, since each is announced by an event, and
+/// notes which texts are German at that time.
 class language_changes : public QObject
 {
 public:

@@ -50,8 +50,7 @@ QByteArray bytes_of(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-/// The style sheets of the program that leave a part of a picture's path open, with all that can
-/// stand there.
+/// The picture paths that `path` can mean: some of the program's style sheets leave a part open.
 QStringList completed(const QString &path)
 {
     static const QMap<QString, QStringList> values = {
@@ -78,7 +77,7 @@ QSet<QString> named_pictures(const QString &text)
     return paths;
 }
 
-/// The pictures among `paths` that aren't in the resources: nothing may come from the disk.
+/// The paths that aren't pictures in the resources: nothing may come from the disk.
 QStringList missing(const QSet<QString> &paths)
 {
     QStringList missing;
@@ -132,7 +131,7 @@ void test_resources::picture_has_its_size()
     QCOMPARE(reader.read().size(), size);
 }
 
-/// A nine-slice picture has none: its edge is three pixels on any screen.
+/// A nine-slice picture has no variant: its edge is three pixels on any screen.
 void test_resources::picture_has_a_variant_of_double_density()
 {
     QFETCH(QSize, size);
@@ -189,7 +188,8 @@ void test_resources::icon_has_a_shape_data()
         QTest::newRow(name) << QString(":/images/icon_%1.png").arg(name);
 }
 
-/// Of an icon the alpha alone counts: opaque or empty all over it would be no icon.
+/// Only an icon's alpha counts: if it were opaque or transparent everywhere, there would be no
+/// icon.
 void test_resources::icon_has_a_shape()
 {
     QFETCH(QString, path);
@@ -279,7 +279,7 @@ void test_resources::english_has_no_catalogue()
     QCOMPARE(MainWindow::tr("Load images"), QString("Load images"));
 }
 
-/// All style sheets of the program are literals, so they stand in its file as they are.
+/// All style sheets of the program are literals, so its file contains them unchanged.
 void test_resources::pictures_named_in_the_program_exist()
 {
     const QByteArray program = bytes_of(KELVRA_PROGRAM);
@@ -326,7 +326,7 @@ void test_resources::heading_shows_in_the_bold_face()
     QCOMPARE(shown.family(), QString("FreeSans"));
     QCOMPARE(shown.weight(), static_cast<int>(QFont::Bold));
     QCOMPARE(shown.pointSize(), 11);
-    // The face itself, not one that was made bolder.
+    // The face itself, not a synthetic bold.
     QCOMPARE(QRawFont::fromFont(heading->font()).fontTable("name"),
              QRawFont(QString(":/images/FreeSansBold.ttf"), 11).fontTable("name"));
 }

@@ -13,7 +13,7 @@
 namespace
 {
 
-/// Bytes of this process that lie in memory (proc(5), statm).
+/// The resident memory of this process in bytes (proc(5), statm).
 qint64 resident_bytes()
 {
     QFile statm("/proc/self/statm");

@@ -18,14 +18,14 @@ using qor::trace_scope;
 namespace
 {
 
-constexpr int failed_status = 255;  // -1 as a system with eight bits of status shows it
+constexpr int failed_status = 255;  // -1, as an eight-bit exit status
 
 program_result die(const QStringList &way)
 {
     return isolated_program(CRASH_PROBE_PROGRAM).run(way);
 }
 
-/// Has the handler tell the test what it was called with.
+/// Records what the signal handler was called with.
 class signal_record
 {
 public:
@@ -78,7 +78,7 @@ private slots:
 
 void test_stacktrace::initTestCase()
 {
-    // A sanitizer would take this signal for itself before the system sees it.
+    // A sanitizer would otherwise handle this signal itself, before the system sees it.
     qputenv("ASAN_OPTIONS", qgetenv("ASAN_OPTIONS") + ":handle_sigbus=0");
 }
 

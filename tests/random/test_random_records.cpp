@@ -15,8 +15,8 @@
 
 using texts = std::vector<std::string>;
 
-// The two private steps of `load`, which millions of requests to a tool are too slow for. An
-// explicit instantiation may name private members.
+// The two private steps of `load`: millions of requests to a tool would be too slow. An explicit
+// instantiation may name private members.
 void read_date(exif_cache &cache, const std::string &path, const std::string &value);
 void read_iptc(exif_cache &cache, const std::string &path, const tag_map &tags);
 
@@ -38,7 +38,7 @@ namespace
 
 // A second implementation of the record.
 
-/// The parts of a date or a time: the last character always belongs to the last part, and empty
+/// The parts of a date or a time. The last character always belongs to the last part, and empty
 /// parts before that don't count.
 texts parts_of(const std::string &text)
 {
@@ -58,7 +58,7 @@ texts parts_of(const std::string &text)
     return parts;
 }
 
-/// What a recording time puts into the record; nothing if it ends the program.
+/// What a recording time adds to the record; nothing if it ends the program.
 std::optional<tag_map> expected_date(const std::string &value)
 {
     tag_map record;
@@ -78,7 +78,7 @@ std::optional<tag_map> expected_date(const std::string &value)
     return record;
 }
 
-/// The text from its last `sign` on, empty without one.
+/// The text from the last `sign` on; empty if there is none.
 std::string from_last(const std::string &text, char sign)
 {
     std::string end;
@@ -108,7 +108,7 @@ tag_map expected_iptc(const tag_map &tags)
     return record;
 }
 
-/// The record that a photo with these tags gets; nothing if it ends the program.
+/// The record of a photo with these tags; nothing if they end the program.
 std::optional<tag_map> expected_record(const tag_map &tags)
 {
     tag_map record = {{"has_data", "true"}};
@@ -167,7 +167,7 @@ tag_map some_tags(random_source &random)
     return tags;
 }
 
-/// What comes through a line of the tool's reply as it was.
+/// `value` without what a line of the tool's reply would change.
 std::string fit_for_a_line(const std::string &value)
 {
     QString letters;
@@ -177,12 +177,12 @@ std::string fit_for_a_line(const std::string &value)
     return letters.trimmed().toStdString();
 }
 
-/// Whether reading the value in a child process ends that with an abort.
+/// Whether reading the value makes a child process abort.
 bool date_aborts(exif_cache &cache, const std::string &value)
 {
     const pid_t child = fork();
     if (child == 0) {
-        qor::stacktrace::instance();  // sets its handlers now, not later
+        qor::stacktrace::instance();  // installs its handlers now, not later
         std::signal(SIGABRT, SIG_DFL);
         const rlimit no_core = {0, 0};
         setrlimit(RLIMIT_CORE, &no_core);

@@ -10,8 +10,8 @@ using texts = std::vector<std::string>;
 namespace
 {
 
-// A second implementation of the reader: one walk over the UTF-16 units, a state for the part of
-// the line.
+// A second implementation of the reader: one pass over the UTF-16 units, with a state for the part
+// of the line.
 
 std::u16string without_blank_ends(const std::u16string &text)
 {
@@ -44,7 +44,7 @@ void append_code(std::string &bytes, char32_t code)
     }
 }
 
-/// UTF-8, with "?" for half of a surrogate pair.
+/// `text` in UTF-8, with "?" for each unpaired surrogate.
 std::string utf8(const std::u16string &text)
 {
     std::string bytes;

@@ -55,10 +55,10 @@ std::string written(const std::map<std::string, stylesheet::declarations> &group
     return text;
 }
 
-// A second implementation of the merge: the sheet and the rest of the addition are eaten from their
-// fronts.
+// A second implementation of the merge: the sheet and the rest of the addition are consumed from
+// the front.
 
-/// The text up to its first `end` and with it, the whole text without one.
+/// The text up to and including its first `end`; the whole text if there is none.
 std::u16string through(const std::u16string &text, char16_t end)
 {
     const auto place = std::find(text.begin(), text.end(), end);

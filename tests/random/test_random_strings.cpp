@@ -16,7 +16,7 @@ namespace
 
 constexpr std::size_t none = std::string::npos;
 
-// A second implementation of the cutting, by lists of places in place of one pass.
+// A second implementation of the splitting: it makes lists of places instead of a single pass.
 
 /// The pieces of `text` between the characters at `places`.
 texts cut_at(const std::string &text, const std::vector<std::size_t> &places)
@@ -42,8 +42,7 @@ texts cut_at_character(const std::string &text, char separator, int limit)
     return cut_at(text, places);
 }
 
-/// For each character from `from` on, whether an even number of quotes stands up to it, itself
-/// counted.
+/// For each character from `from` on, whether the number of quotes up to and including it is even.
 std::vector<bool> outside_quotes(const std::string &text, std::size_t from, bool quotes)
 {
     std::vector<bool> outside(text.size(), true);
@@ -57,7 +56,7 @@ std::vector<bool> outside_quotes(const std::string &text, std::size_t from, bool
 }
 
 /// The end of the first run of the separator's characters that is as long as the separator. A run
-/// that breaks off uses up the character that it broke at.
+/// that ends early also consumes the character that ended it.
 std::size_t end_of_separator(const std::string &text, const std::string &separator,
                              std::size_t from, bool quotes)
 {
@@ -78,7 +77,7 @@ std::size_t end_of_separator(const std::string &text, const std::string &separat
     return none;
 }
 
-/// What `cut_at_separator` cuts off as the last piece.
+/// What `cut_at_separator` returns as the last piece.
 std::string remainder(const std::string &text, std::size_t start, std::size_t length)
 {
     return start < text.size() ? text.substr(start, length) : std::string();

@@ -16,7 +16,7 @@ using texts = std::vector<std::string>;
 namespace
 {
 
-// A second implementation of the lenient number: by digits as text, without a number type to
+// A second implementation of the lenient number: it keeps the digits as text, so no number type can
 // overflow.
 
 struct number {
@@ -77,15 +77,15 @@ std::string expected_number(const number &found, int default_value)
     }
 }
 
-// A second implementation of the zone's hours: each part by a list of the texts of two characters
-// that are numbers, the arithmetic in double precision, rounded after each step.
+// A second implementation of the zone's hours: each part is read from the one or two characters
+// that make a number, and the arithmetic is in double precision, rounded after each step.
 
 int digit_of(QChar letter)
 {
     return QString("0123456789").indexOf(letter);
 }
 
-/// The number that the one or two characters at `place` make, 0 if they make none.
+/// The number that the one or two characters at `place` form, 0 if they form none.
 int number_at(const QString &zone, int place)
 {
     QString part = zone.mid(place, 2);
@@ -118,15 +118,15 @@ float hours_of(const QString &zone)
     return zone[0] == '-' ? -hours : hours;
 }
 
-// A second implementation of the zone's text: a float is a whole number of parts of an hour, so
-// that all is arithmetic of whole numbers.
+// A second implementation of the zone's text: a float is a whole number of fractions of an hour, so
+// all arithmetic is on integers.
 
 std::string two_digits(qint64 count)
 {
     return (count < 10 ? "0" : "") + std::to_string(count);
 }
 
-/// For hours that an int holds.
+/// Requires: the hours fit into an int.
 std::string text_of(float hours)
 {
     int exponent = 0;
@@ -214,7 +214,7 @@ float some_hours(random_source &random)
 
 bool fits_an_int(float hours)
 {
-    return std::fabs(hours) < 2147483648.0F;  // false for what is no number
+    return std::fabs(hours) < 2147483648.0F;  // also false for NaN
 }
 
 }  // namespace

@@ -7,7 +7,7 @@
 
 #include <QApplication>
 
-/// Runs a test class under the program's identity.
+/// Runs a test class with the program's identity.
 template <class Test>
 int run_program_test(int argc, char **argv)
 {

@@ -6,7 +6,7 @@
 
 #include <QApplication>
 
-/// Runs a test class of widgets that know nothing of the program.
+/// Runs a test class of widgets that don't depend on the program.
 template <class Test>
 int run_widget_test(int argc, char **argv)
 {

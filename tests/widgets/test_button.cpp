@@ -26,8 +26,8 @@ constexpr char flash_sheet[] = "border:2px solid rgb(222,222,222);margin:0px 0px
 
 const QColor frame_colour(222, 222, 222);
 
-/// The timers that wait to end a flash, the oldest first. Those of a single shot are children of
-/// the event dispatcher.
+/// The timers that wait to end a flash, the oldest first. Single-shot timers are children of the
+/// event dispatcher.
 QObjectList pending_flashes()
 {
     auto *dispatcher = QAbstractEventDispatcher::instance();
@@ -40,7 +40,7 @@ QObjectList pending_flashes()
     return pending;
 }
 
-/// Has a timer run out now.
+/// Makes a timer fire now.
 void run_out(QObject *timer)
 {
     QTimerEvent event(
@@ -48,7 +48,7 @@ void run_out(QObject *timer)
     QCoreApplication::sendEvent(timer, &event);
 }
 
-/// A button in the middle of a shown window.
+/// A button in the middle of a visible window.
 struct shown_button {
     explicit shown_button(std::unique_ptr<button> made) : owned(std::move(made)), flash(*owned)
     {
@@ -66,7 +66,7 @@ struct shown_button {
     {
     }
 
-    /// The places are those of the window, and the events too.
+    /// Positions are relative to the window, which also gets the events.
     void press(QPoint place, Qt::MouseButton which = Qt::LeftButton)
     {
         QTest::mousePress(window.windowHandle(), which, {}, place);
@@ -116,7 +116,7 @@ std::unique_ptr<button> without_rectangle(QWidget *parent)
     return std::make_unique<button>(parent, QRect());
 }
 
-/// A picture with the rectangle of a flash on it.
+/// A picture with the rectangle of a flash painted on it.
 QImage framed(QImage picture, const QRect &rect)
 {
     QPainter painter(&picture);
@@ -449,7 +449,7 @@ void test_button::second_click_does_not_prolong_the_flash()
     QVERIFY(!shown.flash.highlight);
     QCOMPARE(shown.flash.styleSheet(), QString(calm_sheet));
     QCOMPARE(pending_flashes(), timers.mid(1));
-    // What the second timer ends now is another flash.
+    // The second timer now ends a different flash.
     shown.flash.highlight = true;
     QTRY_VERIFY(!shown.flash.highlight);
     QCOMPARE(shown.flash.styleSheet(), QString(calm_sheet));

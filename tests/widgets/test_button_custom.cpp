@@ -15,7 +15,7 @@ namespace
 
 const QRect place(20, 10, 60, 30);
 
-/// A red window with a button that has all that a push button would paint.
+/// A red window with a button that has everything that a push button would paint.
 struct red_window {
     red_window()
     {
@@ -72,7 +72,7 @@ void test_button_custom::paints_nothing_without_a_callback()
 {
     red_window red;
     QCOMPARE(red.picture(), red_picture());
-    // What a push button would have shown there.
+    // What a push button would have painted there.
     QPushButton plain("text", &red.window);
     plain.setGeometry(place);
     QVERIFY(red.picture() != red_picture());

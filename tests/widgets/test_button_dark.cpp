@@ -27,7 +27,7 @@ QString filled(const QString &sheet, const QString &skin, const QString &align)
     return QString(sheet).replace("%1", skin).replace("%2", align);
 }
 
-/// Two checkable buttons of one group.
+/// Two checkable buttons in one group.
 struct button_pair {
     button_pair()
     {

@@ -27,7 +27,7 @@ QSize truncated(QSizeF size)
     return {static_cast<int>(size.width()), static_cast<int>(size.height())};
 }
 
-/// A text so big that rounding its size would give more than truncating it, on both axes.
+/// A text whose width and height would both come out larger if rounded rather than truncated.
 QString html_of_broken_size()
 {
     for (int percent = 101; percent < 200; ++percent) {
@@ -43,7 +43,7 @@ QString html_of_broken_size()
     qFatal("no text has such a size");
 }
 
-/// The document on nothing, as much of it as goes into a picture of this size.
+/// The document on a transparent background, cropped to a picture of this size.
 QImage drawn(const QString &html, QSize size)
 {
     QTextDocument document;
@@ -63,7 +63,7 @@ QImage icon_of(const button_html &button)
         .convertToFormat(QImage::Format_ARGB32_Premultiplied);
 }
 
-/// True if some pixel of the picture has this colour.
+/// True if any pixel of the picture has this colour.
 bool shows(const QImage &picture, const QColor &colour)
 {
     for (int y = 0; y < picture.height(); ++y) {

@@ -14,7 +14,7 @@ constexpr QRgb green = qRgb(0, 200, 0);
 constexpr QRgb red = qRgb(200, 0, 0);
 constexpr QRgb frame_grey = qRgb(129, 136, 133);
 
-/// What the button's icon paints, on a transparent ground.
+/// What the button's icon paints on a transparent background.
 QImage painted_icon(orv::button_dark &button)
 {
     QImage canvas(button.size(), QImage::Format_ARGB32);
@@ -25,7 +25,7 @@ QImage painted_icon(orv::button_dark &button)
     return canvas;
 }
 
-/// The smallest rectangle around all pixels of the colour.
+/// The smallest rectangle that contains all pixels of the colour.
 QRect place_of(QRgb rgb, const QImage &picture)
 {
     QRect place;

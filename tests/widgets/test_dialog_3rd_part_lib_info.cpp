@@ -24,7 +24,7 @@ constexpr char heading_sheet[] = "font-size:16px;";
 constexpr char name_sheet[] = "font-size:14px; font-weight:bold;";
 constexpr char note_sheet[] = "font-size:12px;";
 
-/// What a text takes in a size that no style sheet has a say in.
+/// The size of a text in a font size that no style sheet changes.
 QSize measured(const QString &text, int size_px, int weight)
 {
     QFont font("FreeSans");
@@ -43,7 +43,7 @@ QSize note_size(const QString &note)
     return measured(note, 12, 50);
 }
 
-/// The widget in the only column of a layout.
+/// The widget in this row of a layout with one column.
 QWidget *widget_in_row(const qor::qt::layout &layout, int row)
 {
     const auto found = layout.cells.find({0, row});
@@ -61,7 +61,7 @@ Widget *find_in_row(const qor::qt::layout &layout, int row)
     return widget;
 }
 
-/// An entry laid out on a widget of its own, as the list does it.
+/// An entry laid out on its own widget, as in the list.
 struct laid_out_entry {
     explicit laid_out_entry(const orv::library_entry &new_entry) : entry(new_entry)
     {
@@ -72,7 +72,7 @@ struct laid_out_entry {
 
     orv::library_entry entry;
     QWidget holder;
-    qor::qt::layout *layout;  ///< the holder's
+    qor::qt::layout *layout;  ///< owned by the holder
 };
 
 QString text_file(const QTemporaryDir &folder, const QByteArray &bytes)
@@ -84,7 +84,7 @@ QString text_file(const QTemporaryDir &folder, const QByteArray &bytes)
     return path;
 }
 
-/// Shows the list with these entries behind its own, has `check` look at it, and closes it.
+/// Shows the list with these entries after its own, runs `check` on it, and closes it.
 void show_list(const std::vector<orv::library_entry> &entries,
                const std::function<void(orv::dialog_3rd_part_lib_info &)> &check)
 {
@@ -137,7 +137,7 @@ private slots:
     void list_waits_until_it_is_closed();
 };
 
-/// The fonts as the program's window sets them.
+/// Sets the fonts as the program's window does.
 void test_dialog_3rd_part_lib_info::initTestCase()
 {
     add_fonts();
@@ -340,8 +340,8 @@ void test_dialog_3rd_part_lib_info::license_that_cant_be_opened_says_so()
     QVERIFY(text->isReadOnly());
 }
 
-/// The limit of 300 is the width's and makes the height; that of 400 is the height's and makes the
-/// width.
+/// The limits are swapped: the width's limit of 300 sets the height, and the height's limit of 400
+/// sets the width.
 void test_dialog_3rd_part_lib_info::area_of_a_license_is_crossed()
 {
     const QTemporaryDir folder;
@@ -398,7 +398,7 @@ void test_dialog_3rd_part_lib_info::each_entry_stands_on_a_widget_in_a_margin()
 void test_dialog_3rd_part_lib_info::rows_are_as_high_as_their_entries()
 {
     show_list({two_lines}, [](orv::dialog_3rd_part_lib_info &list) {
-        // The heading's row isn't fixed: it takes what the others leave.
+        // The heading's row isn't fixed: it takes what the others leave over.
         std::vector<int> heights = {0};
         for (const orv::library_entry &entry : list.libraries) {
             QVERIFY(entry.height > 0);
@@ -420,7 +420,7 @@ void test_dialog_3rd_part_lib_info::list_is_as_wide_as_the_widest_data()
     QTest::newRow("an entry") << 100 << true;
 }
 
-/// The heading brings margins of its own, an entry doesn't.
+/// The heading has margins of its own, an entry has none.
 void test_dialog_3rd_part_lib_info::list_is_as_wide_as_the_widest()
 {
     QFETCH(int, note_length);

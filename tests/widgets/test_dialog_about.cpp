@@ -21,14 +21,14 @@
 namespace
 {
 
-/// The system's clock stands at this second; 0 lets it run.
+/// The second at which the system's clock is stopped; 0 lets it run.
 std::time_t stopped_clock = 0;
 
 constexpr std::time_t start_of_2100 = 4102444800;
 
 }  // namespace
 
-/// Stands before the C library's, for Qt too.
+/// Overrides the C library's function, for Qt too.
 extern "C" int gettimeofday(timeval *time, void *) noexcept
 {
     timespec now = {};
@@ -41,7 +41,7 @@ extern "C" int gettimeofday(timeval *time, void *) noexcept
 namespace
 {
 
-/// Sets the local time zone while this lives.
+/// Sets the local time zone for its lifetime.
 class local_zone
 {
 public:
@@ -61,7 +61,7 @@ private:
     const QByteArray before;
 };
 
-/// The label with this text at its start, of the dialog as it is built.
+/// The dialog's label whose text begins with `start`.
 QLabel *label_of(const QDialog &dialog, const QString &start)
 {
     for (auto *label : dialog.findChildren<QLabel *>()) {
@@ -76,7 +76,7 @@ QLabel *website_of(const QDialog &dialog)
     return label_of(dialog, "<a ");
 }
 
-/// The whole of the last line.
+/// The complete text of the last line.
 QString notice_of(const QDialog &dialog)
 {
     const QLayout *root = dialog.layout();
@@ -378,7 +378,7 @@ void test_dialog_about::texts_are_german_with_the_catalogue()
     QVERIFY(notice_of(dialog).contains("2100"));
 }
 
-/// With versions of several lengths, since not every width has a fraction to cut off.
+/// Tries versions of several lengths, since not every width has a fraction to cut off.
 void test_dialog_about::dialog_is_wider_than_its_content_asks()
 {
     double greatest_fraction = 0;

@@ -13,7 +13,7 @@
 namespace
 {
 
-/// What the list of libraries says, as "name: note", in its order.
+/// The entries in the list of libraries as "name: note", in order.
 QStringList entries_of(const orv::dialog_3rd_part_lib_info &list)
 {
     QStringList entries;
@@ -22,8 +22,8 @@ QStringList entries_of(const orv::dialog_3rd_part_lib_info &list)
     return entries;
 }
 
-/// Clicks the link of a dialog that isn't on the screen, and closes the list that comes up; the
-/// names and first lines of its entries.
+/// Clicks the link of a dialog that isn't on the screen, and closes the list that opens. Returns
+/// the entries of the list.
 QStringList entries_behind_link(orv::dialog_about &dialog)
 {
     QStringList entries;

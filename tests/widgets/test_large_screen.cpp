@@ -13,9 +13,9 @@ namespace
 {
 
 constexpr char scale[] = "0.5";
-constexpr int widest_box_px = 1000;  // QMessageBox makes none wider, whatever the screen
+constexpr int widest_box_px = 1000;  // QMessageBox makes none wider, on any screen
 
-/// What `visit` sees of a box with this text.
+/// Runs `visit` on a box with this text.
 void look_at_box(const QString &text, const std::function<void(orv::message_box &)> &visit)
 {
     const when_modal<orv::message_box> user(visit);
@@ -49,7 +49,7 @@ void test_large_screen::name_that_fits_into_the_widest_box_is_not_broken()
     });
 }
 
-/// The screen has room for it all, but the box hasn't.
+/// The text would fit on the screen, but not into the box.
 void test_large_screen::name_that_is_wider_than_any_box_wraps()
 {
     look_at_box(QString(110, 'x'), [](orv::message_box &box) {

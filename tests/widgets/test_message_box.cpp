@@ -32,7 +32,7 @@ constexpr char icon_label_sheet[] =
     "background: none; background-color: rgb(47,47,47); color: rgb(184,196,191);";
 constexpr int no_default = 0;
 
-/// A platform that shows icons in the buttons of its boxes, as Qt's own style on Linux does.
+/// A platform style that shows icons in the buttons of its boxes, as Qt's own style does on Linux.
 class style_with_icons : public QProxyStyle
 {
 public:
@@ -45,7 +45,7 @@ public:
     }
 };
 
-/// Opens a box and presses the key in it; the result is the box's.
+/// Opens a box and presses the key in it. Returns the box's result.
 int answer_by_key(const box_call &open, Qt::Key key)
 {
     when_modal<message_box> answer([key](message_box &box) { QTest::keyClick(&box, key); });
@@ -365,7 +365,7 @@ void test_message_box::result_minus_one_counts_as_cancel()
     QVERIFY(answer.answered());
 }
 
-/// A box takes another style while it is open, as any box of Qt does.
+/// A box adopts another style while it is open, as any box of Qt does.
 void test_message_box::text_can_be_marked_once_the_style_says_so()
 {
     when_modal<message_box> answer([](message_box &box) {

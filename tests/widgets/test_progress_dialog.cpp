@@ -15,7 +15,7 @@ constexpr char dialog_sheet[] =
     "rgb(55,63,61); border-radius: 4px; text-align: center;}QProgressBar::chunk {background-color: "
     "rgb(91,91,91); width: 5px;}";
 
-/// A dialog of Qt alone with the steps that come before the size is fixed.
+/// The size of a plain Qt dialog after the steps that come before the size is fixed.
 QSize size_by_qt(const QString &label)
 {
     QProgressDialog plain;
@@ -113,7 +113,7 @@ void test_progress_dialog::stays_hidden_until_a_value_comes()
 {
     QVERIFY(!dialog->isVisible());
     dialog->setMaximum(3);
-    // A fresh QProgressDialog has a timer that shows it some time later.
+    // A new QProgressDialog has a timer that shows it some time later.
     for (const QTimer *timer : dialog->findChildren<QTimer *>())
         QVERIFY(!timer->isActive());
     QCoreApplication::processEvents();

@@ -30,7 +30,7 @@ namespace
 
 constexpr int many = 200;
 constexpr char question[] = " Do you want to keep the changes in the other files";
-constexpr QMargins least_frame_px(10, 40, 10, 10);  // expected of a box without a parent
+constexpr QMargins least_frame_px(10, 40, 10, 10);  // assumed by a box without a parent
 
 QString name_of(int number)
 {
@@ -50,13 +50,13 @@ QString list_with_question(int count)
     return list_of(count) + "\n\n" + question;
 }
 
-/// A name in which no line breaks between words.
+/// A name in which no line can break between words.
 QString long_name(int length)
 {
     return QString(length, 'x');
 }
 
-/// The button pressed in a box with this text, in which `visit` does what a user does.
+/// Opens a box with this text and runs `visit` in it. Returns the button that was pressed.
 int open_box(const QString &text, const box_visit &visit, QWidget *parent = nullptr)
 {
     const when_modal<message_box> user([&visit](message_box &box) {
@@ -68,7 +68,7 @@ int open_box(const QString &text, const box_visit &visit, QWidget *parent = null
     return user.answered() ? button : -1;
 }
 
-/// As `open_box` does it, with the means of Qt alone.
+/// The same box as `open_box` shows, made by Qt alone.
 std::unique_ptr<QMessageBox> make_plain_box(const QString &text, const QString &sheet)
 {
     auto box = std::make_unique<QMessageBox>(QMessageBox::Question, "Continue?", text,
@@ -136,7 +136,7 @@ void check_is_within_the_screen(const message_box &box)
     QVERIFY(is_in_sight(*box.findChild<QLabel *>("qt_msgboxex_icon_label")));
 }
 
-/// The number of pixels that aren't of the ground.
+/// The number of pixels that differ from the background.
 int ink_of(const QImage &image)
 {
     int count = 0;
@@ -157,14 +157,14 @@ int ink_at_width(const QString &text, int width)
     return ink_of(label.grab().toImage());
 }
 
-/// Over the middle of what is seen of the widget, as the platform reports it to the window.
+/// Turns it over the middle of the widget's visible part, as the platform reports it to the window.
 void turn_wheel(QWidget &widget, int steps)
 {
     const QPoint middle = widget.visibleRegion().boundingRect().center();
     const QPoint delta(0, -steps * QWheelEvent::DefaultDeltasPerStep);
     QWheelEvent event(widget.mapTo(widget.window(), middle), widget.mapToGlobal(middle), QPoint(),
                       delta, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-    QSpontaneKeyEvent::setSpontaneous(&event);  // others don't go on to the widgets below
+    QSpontaneKeyEvent::setSpontaneous(&event);  // others aren't passed on to parent widgets
     qApp->notify(widget.window()->windowHandle(), &event);
 }
 
@@ -175,7 +175,7 @@ void press(Qt::Key key)
 
 }  // namespace
 
-/// Message boxes that are too big for their screen, which has 800 by 600 pixels here.
+/// Message boxes that are too big for their screen, which has 800 by 600 pixels in this test.
 class test_scrolled_text : public QObject
 {
     Q_OBJECT
@@ -288,7 +288,7 @@ void test_scrolled_text::box_is_no_bigger_than_its_screen()
         has_owner ? &owner : nullptr);
 }
 
-/// Even where the box alone would fit, as QMessageBox makes it.
+/// Even if the box itself would fit, as QMessageBox makes it.
 void test_scrolled_text::box_leaves_room_for_its_frame()
 {
     const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
@@ -320,7 +320,7 @@ void test_scrolled_text::box_leaves_room_for_its_frame_over_a_maximized_window()
         &owner);
 }
 
-/// QDialog counts the title bar alone when it moves a box up.
+/// QDialog only allows for the title bar when it moves a box up.
 void test_scrolled_text::box_stays_on_the_screen_beside_its_owner()
 {
     QWidget owner;
@@ -380,7 +380,7 @@ void test_scrolled_text::question_of_a_rich_text_scrolls_with_it()
     });
 }
 
-/// The first lines, pixel by pixel.
+/// Compares the first lines, pixel by pixel.
 void test_scrolled_text::text_looks_as_in_a_box_that_fits()
 {
     const QRect start(0, 0, 380, 200);
@@ -493,7 +493,7 @@ void test_scrolled_text::keys_of_the_buttons_answer_data()
     QTest::newRow("Left") << keys{Qt::Key_Right, Qt::Key_Left, Qt::Key_Return} << yes;
 }
 
-/// The same in a box of a few names and in one of many.
+/// The same keys work in a box with few names and in one with many.
 void test_scrolled_text::keys_of_the_buttons_answer()
 {
     QFETCH(QList<int>, keys);
@@ -563,7 +563,7 @@ void test_scrolled_text::no_letter_is_lost_where_a_name_wraps_data()
         QTest::addRow("%d pixels", width) << width;
 }
 
-/// The same amount of ink, on however many lines.
+/// The amount of ink is the same, on however many lines.
 void test_scrolled_text::no_letter_is_lost_where_a_name_wraps()
 {
     QFETCH(int, width);
@@ -571,8 +571,8 @@ void test_scrolled_text::no_letter_is_lost_where_a_name_wraps()
     QCOMPARE(ink_at_width(name, width), ink_at_width(name, 4000));
 }
 
-/// The bar takes no room of the text, so the widest name, by which the box has its width, isn't
-/// broken.
+/// The bar takes no room away from the text. The widest name, which sets the width of the box,
+/// therefore stays on one line.
 void test_scrolled_text::widest_name_has_a_line_of_its_own()
 {
     const QString text = list_of(many) + "\n" + long_name(60) + "\n\n" + question;
@@ -606,7 +606,7 @@ void test_scrolled_text::box_keeps_its_text()
     });
 }
 
-/// For which QMessageBox makes its layout again.
+/// A style change makes QMessageBox create its layout again.
 void test_scrolled_text::box_survives_another_style()
 {
     open_box(list_with_question(many), [](message_box &box) {

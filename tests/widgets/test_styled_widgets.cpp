@@ -74,7 +74,7 @@ constexpr char horizontal_sheet[] =
     "background: black;    width: 0px;    subcontrol-position: right;    subcontrol-origin: "
     "margin;}";
 
-/// Turns the mouse wheel by one step down, over the middle of the widget.
+/// Turns the mouse wheel one step down over the middle of the widget.
 void turn_wheel(QWidget &widget)
 {
     const QPointF place = widget.rect().center();
@@ -83,7 +83,7 @@ void turn_wheel(QWidget &widget)
     QApplication::sendEvent(&widget, &event);
 }
 
-/// Counts the mouse presses that its children leave to it.
+/// Counts the mouse presses that its children pass on to it.
 class press_counter : public QWidget
 {
 public:
@@ -256,7 +256,7 @@ void test_styled_widgets::rows_fill_the_popup_data()
     QTest::newRow("a hundred, from the last") << 100 << 99;
 }
 
-/// Up to the border of the list, which is what the popup shows in its first and its last row of
+/// The rows reach the border of the list, which the popup shows in its first and last row of
 /// pixels.
 void test_styled_widgets::rows_fill_the_popup()
 {
@@ -316,7 +316,7 @@ void test_styled_widgets::label_is_clicked_by_the_left_button_alone()
     QCOMPARE(clicked.size(), clicks);
 }
 
-/// QLabel's own handler would leave them to the parent.
+/// QLabel's own handler would pass them on to the parent.
 void test_styled_widgets::label_keeps_its_presses_to_itself()
 {
     press_counter parent;
@@ -343,7 +343,7 @@ void test_styled_widgets::scroll_bars_get_sheet_and_style()
     orv::skin_scroll_bars(&area);
     QScrollBar *bar = vertical ? area.verticalScrollBar() : area.horizontalScrollBar();
     QCOMPARE(bar->styleSheet(), sheet);
-    // Without a sheet the style below it comes to light.
+    // Without a style sheet the underlying style shows.
     bar->setStyleSheet(QString());
     QVERIFY(bar->style()->inherits("QFusionStyle"));
     QVERIFY(!area.style()->inherits("QFusionStyle"));

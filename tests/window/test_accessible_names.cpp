@@ -65,8 +65,8 @@ bool is_control(const QWidget *widget)
            qobject_cast<const orv::clickable_label *>(widget);
 }
 
-/// All that stands on the screen to be pressed or filled in. What the platform's widgets hold for
-/// their own use, such as the button in the corner of a table, is hidden here.
+/// Everything on the screen that can be pressed or filled in. Controls that Qt's widgets have for
+/// their own use, such as the button in the corner of a table, are hidden in this window.
 QList<QWidget *> controls_of(const QWidget &window)
 {
     QList<QWidget *> controls = window.findChildren<QWidget *>();
@@ -77,7 +77,7 @@ QList<QWidget *> controls_of(const QWidget &window)
     return controls;
 }
 
-/// A placeholder such as 0 is no name: one has letters.
+/// A placeholder such as 0 isn't a name: a name has letters.
 void check_names(const QWidget &window, int control_count)
 {
     static const QRegularExpression letter("\\p{L}");
@@ -87,7 +87,7 @@ void check_names(const QWidget &window, int control_count)
         QVERIFY2(letter.match(name).hasMatch(), qPrintable(names.join(", ")));
 }
 
-/// Has `look` see the dialog that `open` brings up.
+/// Runs `look` on the dialog that `open` opens.
 template <class Dialog>
 void look_at(const std::function<void()> &open, const std::function<void(Dialog &)> &look)
 {
@@ -103,7 +103,7 @@ void ask()
                                MainWindow::tr("Continue"), MainWindow::tr("Abort"), 0);
 }
 
-/// What a screen reader reads out of the texts in the window, from the first on.
+/// What a screen reader reads out from the texts in the window, in order.
 QString read_texts(const QAccessibleInterface &accessible)
 {
     QString texts;
@@ -118,7 +118,7 @@ QString read_texts(const QAccessibleInterface &accessible)
     return texts;
 }
 
-/// What the tab key can reach, in its order and from this widget on.
+/// The widgets that the tab key can reach, in order, starting with this one.
 QStringList tab_chain(QWidget *first)
 {
     QStringList chain;
@@ -133,7 +133,7 @@ QStringList tab_chain(QWidget *first)
 
 }  // namespace
 
-/// What screen readers and the keyboard get, in each language.
+/// What screen readers and keyboard users get, in each language.
 class test_accessible_names : public QObject
 {
     Q_OBJECT
@@ -233,7 +233,7 @@ void test_accessible_names::buttons_are_named_by_their_tooltips()
     QCOMPARE(names_of(buttons), in_language(english, german));
 }
 
-/// The buttons can't be reached by the keyboard.
+/// The keyboard can't reach the buttons.
 void test_accessible_names::screen_reader_can_press_a_button()
 {
     QTest::keyClicks(shift_field(*window, "hour"), "1");
@@ -242,7 +242,7 @@ void test_accessible_names::screen_reader_can_press_a_button()
     QTRY_COMPARE(shift_field(*window, "hour")->text(), QString());
 }
 
-/// Typed text is the value: the name stays.
+/// Typed text becomes the value; the name stays.
 void test_accessible_names::fields_are_named_by_the_labels_above()
 {
     const QList<QWidget *> fields = widgets(field_names);
@@ -264,14 +264,14 @@ void test_accessible_names::formats_are_named_by_their_texts()
     const QStringList english = {"DD/MM/YYYY", "DD.MM.YYYY", "DD-MM-YYYY",
                                  "YYYY/MM/DD", "YYYY.MM.DD", "YYYY-MM-DD",
                                  "MM/DD/YYYY", "hh:mm:ss",   "hh:mm"};
-    // Seconds where minutes are meant at the end, as on the screen.
+    // The last one says seconds where minutes are meant, as on the screen.
     const QStringList german = {"TT/MM/JJJJ", "TT.MM.JJJJ",  "TT-MM-JJJJ",
                                 "JJJJ/MM/TT", "JJJJ.MM.TT",  "JJJJ-MM-TT",
                                 "MM/TT/JJJJ", "Std:Min:Sek", "Std:Sek"};
     QCOMPARE(names_of(widgets(format_names)), in_language(english, german));
 }
 
-/// On this platform Qt names a combo box by its choice: what it is for, the label tells.
+/// On this platform Qt names a combo box after its current choice; the label tells its purpose.
 void test_accessible_names::language_box_belongs_to_its_label()
 {
     const QString expected = in_language<QString>("Language:", "Sprache:");
@@ -299,7 +299,7 @@ void test_accessible_names::text_of_a_box_is_read_data()
     QTest::newRow("box that scrolls") << 200;
 }
 
-/// A box that scrolls has the part that doesn't in a label of its own.
+/// A box that scrolls has a separate label for the part that doesn't scroll.
 void test_accessible_names::text_of_a_box_is_read()
 {
     QFETCH(int, names);
@@ -335,7 +335,7 @@ void test_accessible_names::progress_is_named_by_its_label()
                          QStringList({"Ändere Zeitinformationen", "Lade Dateien"})));
 }
 
-/// A tab key leaves a group of radio buttons, so the order inside of one shows in the chain alone.
+/// The tab key leaves a group of radio buttons, so only the focus chain shows the order within it.
 void test_accessible_names::tab_reaches_fields_and_formats_alone()
 {
     QCOMPARE(tab_chain(window.get()), field_names + format_names);
@@ -352,8 +352,8 @@ void test_accessible_names::tab_goes_round_the_window_data()
     QTest::newRow("backwards") << Qt::Key_Backtab << backwards + backwards;
 }
 
-/// Twice round, from a window without a focus on. A group of radio buttons is one stop, at the end
-/// from which the key comes.
+/// Goes round twice, from a window without a focus. A group of radio buttons is a single stop, at
+/// the end that the key comes from.
 void test_accessible_names::tab_goes_round_the_window()
 {
     QFETCH(Qt::Key, key);

@@ -72,7 +72,7 @@ void test_column_sorting::cleanup()
     exif_cache::instance()->records.clear();
 }
 
-/// Fills the list with these paths and their recording times; an empty text is none.
+/// Fills the list with these paths and recording times; an empty text means none.
 void test_column_sorting::use_times(const QMap<QString, QString> &times)
 {
     model->files = times.keys();
@@ -386,7 +386,7 @@ void test_column_sorting::sort_outlives_clear()
     QCOMPARE(model->files, QStringList({"/p/b.jpg", "/p/a.jpg"}));
 }
 
-/// In a locale whose order of names isn't that of the character codes.
+/// Runs in a locale that doesn't order names by their character codes.
 int main(int argc, char **argv)
 {
     qputenv("LC_ALL", "de_DE.UTF-8");

@@ -76,7 +76,7 @@ void add_format_rows()
     // clang-format on
 }
 
-/// The panel with its parts at hand.
+/// The panel, with access to its parts.
 struct selector : datetime_format {
     selector() : datetime_format(nullptr) {}
 
@@ -357,7 +357,7 @@ void test_datetime_format::loading_again_takes_the_stored_formats()
     QCOMPARE(stored(), QStringList({"dd-MM-yyyy", "HH:mm"}));
 }
 
-/// A tab key leaves a group of radio buttons, so the order inside of one shows in the chain alone.
+/// The tab key leaves a group of radio buttons, so only the focus chain shows the order within it.
 void test_datetime_format::tab_order_goes_down_the_columns()
 {
     selector panel;

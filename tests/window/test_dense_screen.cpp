@@ -13,7 +13,7 @@
 #include <QPainter>
 #include <QTemporaryDir>
 
-/// The pictures on a screen with two device pixels to a pixel.
+/// The pictures on a screen with two device pixels per pixel.
 class test_dense_screen : public QObject
 {
     Q_OBJECT
@@ -38,7 +38,7 @@ namespace
 
 constexpr orv::pixel_argb white = {255, 255, 255, 255};
 
-/// A picture over black, where widgets are painted here.
+/// A picture over black, the background of all widgets painted here.
 QImage over_black(const QString &path)
 {
     const QImage picture = dense_picture(path);
@@ -47,7 +47,7 @@ QImage over_black(const QString &path)
     return image.convertToFormat(QImage::Format_RGB32);
 }
 
-/// Whether the part of `image` at `corner` is `part`, as far as that reaches.
+/// Whether `image` shows `part` at `corner`, as far as the image reaches.
 bool shows_at(const QPoint &corner, const QImage &image, const QImage &part)
 {
     const QRect place = QRect(corner, part.size()) & image.rect();
@@ -65,7 +65,7 @@ bool shows_anywhere(const QImage &image, const QImage &part)
     return false;
 }
 
-/// Columns that are opaque and transparent by turns.
+/// Columns that are opaque and transparent in turn.
 QImage stripes(QSize size)
 {
     QImage image(size, QImage::Format_ARGB32);
@@ -134,7 +134,7 @@ void test_dense_screen::variant_of_any_name_has_the_size_of_its_picture()
     QCOMPARE(button.icon.image_width, 5);
 }
 
-/// The window may stand on another screen than the dense one.
+/// The window may be on another screen than the dense one.
 void test_dense_screen::icon_is_smoothed_where_a_screen_has_fewer_pixels()
 {
     const QTemporaryDir folder;
@@ -202,7 +202,7 @@ void test_dense_screen::logo_of_the_about_dialog_is_dense()
     QCOMPARE(logo, QPixmap::fromImage(picture).toImage());
 }
 
-/// Its size depends on the screen's dots per inch, so the pixels alone are compared.
+/// Its size depends on the screen's dots per inch, so only the pixels are compared.
 void test_dense_screen::icon_of_a_message_box_is_dense()
 {
     const QMessageBox box(QMessageBox::Question, "Title", "Text");

@@ -44,7 +44,7 @@ QGridLayout *grid_of(const QWidget *widget)
     return grid;
 }
 
-/// The widget inside of the frame of the dialog's panel.
+/// The widget inside the frame of the dialog's panel.
 QWidget *content_of(const QDialog &dialog)
 {
     const auto *panel = dialog.findChild<orv::panel *>();
@@ -68,7 +68,7 @@ void store_language(const QString &language)
         QSettings().setValue("lang", language);
 }
 
-/// Runs the dialog as its caller does, with `steps` in it; it is closed behind them.
+/// Runs the dialog as its caller does, runs `steps` in it, then closes it.
 void run_dialog(const std::function<void(dialog_settings &)> &steps)
 {
     const when_modal<dialog_settings> user([&steps](dialog_settings &dialog) {
@@ -90,7 +90,7 @@ void pick_by_letter(orv::combobox &box, int row)
     QTest::keyClicks(&box, box.itemText(row).left(1));
 }
 
-/// Opens the list by a key: behind a press of the mouse Qt waits for a double click.
+/// Opens the list with a key: after a mouse press Qt waits for a double click.
 void open_list(orv::combobox &box)
 {
     QTest::keyClick(&box, Qt::Key_Space);
@@ -246,7 +246,7 @@ void test_dialog_settings::names_of_languages_arent_translated()
     QCOMPARE(box_of(dialog)->itemText(english_row), QString("English"));
 }
 
-/// In fonts of several sizes, since not every width has a fraction to cut off.
+/// Tries fonts of several sizes, since not every width has a fraction to cut off.
 void test_dialog_settings::dialog_is_wider_than_its_content_asks()
 {
     const QFont font_before = QApplication::font();
@@ -368,7 +368,7 @@ void test_dialog_settings::pick_is_stored_at_once()
     QCOMPARE(QSettings().allKeys(), QStringList("lang"));
 }
 
-/// Between the two the key is taken away, so that the second one shows too.
+/// The key is removed between the two picks, so that the second one is noticed too.
 void test_dialog_settings::picking_back_stores_again()
 {
     store_language("en");
@@ -422,7 +422,7 @@ void test_dialog_settings::pick_is_in_the_file_behind_the_dialog()
     QVERIFY(file.readAll().contains("lang=en\n"));
 }
 
-/// A folder in the place of the file can't be written by anyone.
+/// A folder in the place of the file can't be written by anybody.
 void test_dialog_settings::failed_write_goes_unnoticed()
 {
     const QString file = QSettings().fileName();
@@ -439,7 +439,8 @@ void test_dialog_settings::failed_write_goes_unnoticed()
     QVERIFY(QDir().rmdir(file));
 }
 
-/// On a German system, since any other gives what the box shows for all but German.
+/// Runs on a German system: on any other, the default is what the box shows for every language
+/// except German.
 int main(int argc, char **argv)
 {
     qputenv("LC_ALL", "de_DE.UTF-8");

@@ -32,7 +32,7 @@ void make_file(const QString &path)
         qFatal("can't write %s", qPrintable(path));
 }
 
-/// While it lives, a process of the superuser has an ordinary user's right to read.
+/// While it exists, a superuser's process has only an ordinary user's right to read.
 class ordinary_user
 {
 public:
@@ -43,7 +43,7 @@ private:
     static constexpr uid_t superuser = 0;
     static constexpr uid_t nobody = 65534;
 
-    // What a user may read is asked for by the real id (access(2)).
+    // The real id decides what a user may read (access(2)).
     static void change_to(uid_t real_id)
     {
         constexpr uid_t unchanged = static_cast<uid_t>(-1);
@@ -95,7 +95,7 @@ private:
     std::unique_ptr<drop_files_widget> widget;
 };
 
-/// A folder with all that a folder can hold.
+/// Makes a folder with everything that a folder can hold.
 void test_drop_files_widget::init()
 {
     folder = std::make_unique<QTemporaryDir>();
@@ -120,7 +120,7 @@ QStringList test_drop_files_widget::in_folder(const QStringList &names) const
     return paths;
 }
 
-/// What one drop of these URLs sends.
+/// The files that are sent when these URLs are dropped.
 QStringList test_drop_files_widget::dropped(const QList<QUrl> &urls)
 {
     QSignalSpy spy(widget.get(), &drop_files_widget::files_dropped);

@@ -12,7 +12,7 @@
 #include <algorithm>
 #include <memory>
 
-/// The menu of a shift field, which a right click opens.
+/// The context menu of a shift field.
 class test_field_menu : public QObject
 {
     Q_OBJECT
@@ -47,7 +47,7 @@ const QColor border_colour(99, 99, 99);
 
 enum entry { undo, redo, cut, copy };
 
-/// The entries in their order, without the lines between them.
+/// The entries in order, without the separators.
 QList<QAction *> entries_of(const QMenu &menu)
 {
     QList<QAction *> entries = menu.actions();
@@ -57,13 +57,13 @@ QList<QAction *> entries_of(const QMenu &menu)
     return entries;
 }
 
-/// A place of an entry beside its text.
+/// The background of an entry, taken beside its text.
 QColor ground_of(const QImage &entry)
 {
     return entry.pixelColor(4, entry.height() / 2);
 }
 
-/// The colour of the text of an entry on a dark ground.
+/// The colour of an entry's text, on a dark background.
 QColor brightest(const QImage &entry)
 {
     QColor found(Qt::black);
@@ -86,7 +86,7 @@ void check_disabled(const QImage &entry)
 
 }  // namespace
 
-/// The second style lets the mouse go to disabled entries too.
+/// The second style lets the mouse reach disabled entries too.
 void test_field_menu::initTestCase_data()
 {
     QTest::addColumn<bool>("in_german");
@@ -95,7 +95,7 @@ void test_field_menu::initTestCase_data()
     QTest::newRow("German") << true << "windows";
 }
 
-/// With text that was typed and is marked, so that some entries are enabled and others aren't.
+/// The field has typed text that is selected, so that some entries are enabled and others aren't.
 void test_field_menu::init()
 {
     QFETCH_GLOBAL(bool, in_german);
@@ -185,7 +185,7 @@ void test_field_menu::entry_does_what_it_says()
     QCOMPARE(field->text(), QString());
 }
 
-/// Moves there in two steps: a menu ignores the first move after it opened.
+/// Moves there in two steps: a menu ignores the first move after it has opened.
 void test_field_menu::point_at(QAction *entry)
 {
     const QRect place = menu->actionGeometry(entry);

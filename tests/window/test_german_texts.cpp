@@ -25,7 +25,8 @@ const char shift_tooltip[] = "Ändert die Zeitstempel der Fotos um den hier ange
 
 }  // namespace
 
-/// The screen in German; its translators live to the end of the process, so it has one of its own.
+/// The screen in German. Its translators live until the process ends, so it has a test program of
+/// its own.
 class test_german_texts : public QObject
 {
     Q_OBJECT
@@ -135,7 +136,7 @@ void test_german_texts::radio_button_is_german_data()
     QTest::newRow("rb_yyyymmdd_dash") << "JJJJ-MM-TT" << date;
     QTest::newRow("rb_mmddyyyy_slash") << "MM/TT/JJJJ" << date;
     QTest::newRow("rb_hhmmss") << "Std:Min:Sek" << time;
-    // Seconds where minutes are meant: so it stands in the catalogue, and so it stays.
+    // It says seconds where minutes are meant: the catalogue has it that way, and it is kept.
     QTest::newRow("rb_hhmm") << "Std:Sek" << time;
 }
 
@@ -174,7 +175,7 @@ void test_german_texts::progress_dialogs_are_german()
     }
 }
 
-/// What is asked after a change of the language, and the kit's dialogs.
+/// The question after a change of the language, and the toolkit's dialogs.
 void test_german_texts::text_of_a_dialog_is_german_data()
 {
     QTest::addColumn<QString>("context");
@@ -238,7 +239,7 @@ void test_german_texts::title_stays_the_name()
     QCOMPARE(catalogue.translate("MainWindow", "Kelvra"), QString());
 }
 
-/// Words are longer in German: none may be cut off where the window is at its smallest.
+/// German words are longer: none may be cut off when the window has its smallest size.
 void test_german_texts::everything_fits_into_the_window()
 {
     window->resize(window->minimumSize());

@@ -104,7 +104,7 @@ void test_main_window::type(const QString &field, const QString &text)
     QTest::keyClicks(find<orv::lineedit>("lineedit_" + field), text);
 }
 
-/// Makes the files, each a photo of noon on the third of May 2017, and drops them.
+/// Makes the files, each a photo taken at noon on 3 May 2017, and drops them.
 void test_main_window::drop(const QStringList &names)
 {
     QStringList paths;

@@ -57,7 +57,7 @@ bool is_close(const QColor &a, const QColor &b)
            qAbs(a.blue() - b.blue()) <= rounding;
 }
 
-/// The first pixel whose colours differ, empty if there is none.
+/// The first pixel that differs, as text; empty if there is none.
 QString difference(const QImage &shown, const QImage &expected)
 {
     if (shown.size() != expected.size())

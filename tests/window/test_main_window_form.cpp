@@ -91,7 +91,7 @@ private slots:
 private:
     MainWindow *window = nullptr;
     main_window_form *ui = nullptr;
-    QMap<QString, QObject *> record;  ///< the form's fields by their names
+    QMap<QString, QObject *> record;  ///< the form's fields by name
 };
 
 void test_main_window_form::initTestCase()
@@ -300,7 +300,7 @@ void test_main_window_form::table_header_has_a_style_of_its_own()
     QHeaderView *header = ui->tableView->horizontalHeader();
     QCOMPARE(header->styleSheet(), QString(table_header_sheet));
     QVERIFY(header->testAttribute(Qt::WA_SetStyle));
-    // Away from all style sheets the style below them comes to light.
+    // Without any style sheet the underlying style shows.
     header->setParent(nullptr);
     header->setStyleSheet(QString());
     QVERIFY(header->style()->inherits("QFusionStyle"));

@@ -33,7 +33,7 @@ using qor::qt::widget_fold;
 namespace
 {
 
-/// What the platform without a display says of itself, whatever it shows.
+/// What the platform without a display always reports about itself.
 constexpr char platform_gap[] = "This plugin does not support ";
 
 /// What Qt reported while `step` ran.
@@ -51,7 +51,7 @@ QStringList messages_of(const std::function<void()> &step)
 
 void visit_nothing(QWidget &) {}
 
-/// Has the widget shown and painted, as it is and disabled.
+/// Shows and paints the widget, first as it is, then disabled.
 void paint(QWidget &widget)
 {
     widget.show();
@@ -137,7 +137,7 @@ void paint_lineedit()
     paint(edit);
 }
 
-/// With more rows than its list shows at once.
+/// The box has more rows than its list shows at once.
 void paint_combobox()
 {
     orv::combobox box;
@@ -187,7 +187,7 @@ void paint_message_boxes()
     box::question(nullptr, "title", "text", "yes", "no", "cancel", box::Cancel);
 }
 
-/// A section can only be made by a click within a layout of the kit.
+/// A section can only be made by a click within a toolkit layout.
 void paint_widget_fold()
 {
     QWidget window;
@@ -249,7 +249,7 @@ using kit_step = void (*)();
 Q_DECLARE_METATYPE(widget_step)
 Q_DECLARE_METATYPE(kit_step)
 
-/// No screen has Qt or a library below it complain.
+/// On no screen does Qt, or a library below it, report a problem.
 class test_quiet_screens : public QObject
 {
     Q_OBJECT
@@ -289,7 +289,7 @@ void test_quiet_screens::complaint_of_qt_is_seen_data()
     row("painting outside of a paint event", paint_on_nothing, "QWidget::paintEngine");
 }
 
-/// The test's own ears.
+/// Shows that this test notices what Qt reports.
 void test_quiet_screens::complaint_of_qt_is_seen()
 {
     QFETCH(widget_step, step);
@@ -348,7 +348,7 @@ void test_quiet_screens::widget_of_the_kit_is_quiet()
     QCOMPARE(messages_of(paint).join('\n'), QString());
 }
 
-/// Behind the others, which show what a crash writes there.
+/// Runs last, since it captures standard error: a crash shows its output in the tests before.
 void test_quiet_screens::screens_write_nothing_to_the_standard_error()
 {
     captured_errors errors;

@@ -7,7 +7,7 @@
 
 #include <QStyle>
 
-/// The pictures of style sheets on a screen with a fraction of a device pixel to a pixel.
+/// The pictures of style sheets on a screen with a fractional number of device pixels per pixel.
 class test_smooth_pictures : public QObject
 {
     Q_OBJECT
@@ -23,11 +23,11 @@ private slots:
 namespace
 {
 
-/// The least dense one, at which the dense pictures are shrunk most.
+/// The lowest ratio, at which the dense pictures are shrunk most.
 constexpr double screen_ratio = 1.25;
 constexpr double ratios[] = {1.25, 1.5, 1.75};
 
-/// A picture over black in a place of this size, as a painter smooths it.
+/// A picture over black in an area of this size, smoothed as a painter does it.
 QImage smooth_picture(const QString &name, Qt::Alignment alignment, QSize size, qreal ratio)
 {
     const QImage picture = dense_picture(":/images/" + name + "@2x.png");
@@ -42,8 +42,8 @@ QImage smooth_picture(const QString &name, Qt::Alignment alignment, QSize size, 
     return image.convertToFormat(QImage::Format_RGB32);
 }
 
-/// Whether the widget shows the picture as a painter smooths it. A row or a column of which the
-/// widget has a part of a device pixel alone isn't compared.
+/// Whether the widget shows the picture smoothed as a painter does it. A row or column of which the
+/// widget has only a part of a device pixel isn't compared.
 void check_picture(QWidget &widget, const QString &name, Qt::Alignment alignment, qreal ratio)
 {
     const auto whole_pixels = [&widget, ratio](const QImage &image) {

@@ -12,7 +12,7 @@ using column = table_data_model::column;
 
 const QString display_format = "dd.MM.yyyy hh:mm:ss";
 
-/// The names of a model's signals in the order in which they come.
+/// The names of a model's signals, in the order in which they are sent.
 class signal_log : public QObject
 {
 public:
@@ -339,7 +339,7 @@ void test_table_data_model::other_roles_and_columns_are_empty()
             QVERIFY2(!cell(0, i, role).isValid(), qPrintable(QString::number(role)));
     }
 
-    /// Makes an index beyond the last column, which no view asks for.
+    /// Makes an index beyond the last column, which no view requests.
     class wide_model : public table_data_model
     {
     public:

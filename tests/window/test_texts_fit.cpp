@@ -56,7 +56,7 @@ QStringList cut_texts(const QList<shown_text> &texts)
     return cut;
 }
 
-/// What must be seen of the widget: all of it, but for what its scroll area has above and below.
+/// What must be visible of the widget: all of it, except what its scroll area has above and below.
 QRect shown_part(const QWidget &widget)
 {
     const QWidget *view = widget.parentWidget();
@@ -69,7 +69,7 @@ QRect shown_part(const QWidget &widget)
     return part;
 }
 
-/// The texts of widgets of which a part is hidden, by the edge of what they stand in or by others.
+/// The texts of widgets that are partly hidden, by the edge of their parent or by other widgets.
 QStringList hidden_texts(const QList<shown_text> &texts)
 {
     QStringList hidden;
@@ -107,7 +107,7 @@ struct font_face {
     }
 
     QFont::Weight weight;
-    QByteArray names;  ///< tells the file from a like one that the system has
+    QByteArray names;  ///< tells the file from a similar font of the system
 };
 
 const font_face &plain_face()
@@ -122,7 +122,7 @@ const font_face &bold_face()
     return face;
 }
 
-/// True if the font shows in the face itself, not in another one that was made bolder.
+/// True if the font uses the face itself, not a synthetic bold of another one.
 bool shows_in(const QFont &font, const font_face &face)
 {
     const QFontInfo info(font);
@@ -150,7 +150,7 @@ QStringList texts_in_a_strange_face(const QList<shown_text> &texts)
     return strange;
 }
 
-/// The characters that the font of their text hasn't.
+/// The characters that the font of their text doesn't have.
 QString missing_characters(const QList<shown_text> &texts)
 {
     QString missing;
@@ -198,7 +198,7 @@ std::shared_ptr<QWidget> make_wrapped_label()
     return label;
 }
 
-/// As high as the words need beside each other.
+/// The label is only as high as its words need on one line.
 std::shared_ptr<QWidget> make_broken_label()
 {
     auto label = std::make_shared<orv::wrapped_label>("some words", Qt::PlainText, nullptr);
@@ -279,7 +279,7 @@ void test_texts_fit::cut_text_is_seen_data()
     row("list", make_list);
 }
 
-/// The test's own eyes.
+/// Shows that this test notices a cut text.
 void test_texts_fit::cut_text_is_seen()
 {
     QFETCH(widget_maker, make);
@@ -293,7 +293,7 @@ void test_texts_fit::cut_text_is_seen()
     QCOMPARE(cut_at(30), 1);
 }
 
-/// The dialog for files is Qt's own, and cuts the list of endings short.
+/// The file dialog is Qt's own, and cuts the list of extensions short.
 void test_texts_fit::texts_of_a_screen_fit_data()
 {
     add_screen_rows("file dialog");

@@ -44,7 +44,7 @@ QVector<int> margins_of(const QLayout *layout)
     return {margins.left(), margins.top(), margins.right(), margins.bottom()};
 }
 
-/// Whether some pixel of the picture has about this colour.
+/// Whether any pixel of the picture has roughly this colour.
 bool has_colour(const QImage &picture, const QColor &colour)
 {
     constexpr int tolerance = 12;
@@ -70,7 +70,7 @@ double luminance(const QColor &colour)
            0.0722 * linear(colour.blueF());
 }
 
-/// The contrast ratio of WCAG 2.1, of a colour to a darker one.
+/// The contrast ratio of a colour to a darker one, as WCAG 2.1 defines it.
 double contrast(const QColor &light, const QColor &dark)
 {
     return (luminance(light) + 0.05) / (luminance(dark) + 0.05);

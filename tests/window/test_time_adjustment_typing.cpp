@@ -25,7 +25,7 @@ offset zone(bool given, double hours)
     return {0, 0, 0, 0, 0, 0, given, hours};
 }
 
-/// As QTest::keyClicks, which knows the keys of ASCII alone.
+/// Like QTest::keyClicks, which only knows the keys of ASCII characters.
 void type_any(QWidget *field, const QString &text)
 {
     for (const QChar &character : text)
@@ -228,7 +228,7 @@ void test_time_adjustment_typing::number_is_plain_in_any_language_data()
     }
 }
 
-/// The fields take up the default locale when they are made.
+/// The fields adopt the default locale when they are created.
 void test_time_adjustment_typing::number_is_plain_in_any_language()
 {
     QFETCH(QLocale, locale);
@@ -341,7 +341,7 @@ void test_time_adjustment_typing::zone_is_read_with_a_point_and_in_the_users_way
     QTest::newRow("negative comma, German") << german << "-9,5" << -9.5;
 }
 
-/// The text is set, since a validator may refuse some of these keys.
+/// The text is set, not typed, since a validator may refuse some of these keys.
 void test_time_adjustment_typing::zone_is_read_with_a_point_and_in_the_users_way()
 {
     QFETCH(QLocale, locale);

@@ -15,7 +15,7 @@ const QString date_time_format = "yyyy:MM:dd hh:mm:ss";
 constexpr int greatest = std::numeric_limits<int>::max();
 constexpr int least = std::numeric_limits<int>::min();
 
-/// @param text  a time that isn't in a gap of the clock
+/// @param text  a time that the clock doesn't skip
 QDateTime time_of(const QString &text)
 {
     const QDateTime time = QDateTime::fromString(text, date_time_format);

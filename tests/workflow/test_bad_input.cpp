@@ -7,7 +7,7 @@
 namespace
 {
 
-/// What an accident makes of the bytes of a JPEG file.
+/// What an accident does to the bytes of a JPEG file.
 using damage = QByteArray (*)(QByteArray jpeg);
 
 int place_of(const QByteArray &bytes, const QByteArray &sought, int from = 0)
@@ -18,7 +18,7 @@ int place_of(const QByteArray &bytes, const QByteArray &sought, int from = 0)
     return place;
 }
 
-/// The start of the Exif data, from which its offsets count (Exif 2.3, 4.7.2).
+/// The position of the Exif data, from which its offsets count (Exif 2.3, 4.7.2).
 int exif_place(const QByteArray &jpeg)
 {
     const QByteArray head("Exif\0\0", 6);
@@ -30,7 +30,7 @@ QByteArray replaced(const QByteArray &bytes, int place, const QByteArray &by)
     return QByteArray(bytes).replace(place, by.size(), by);
 }
 
-/// The place of a tag's value, or of its offset (TIFF 6.0, section 2).
+/// The position of a tag's value, or of its offset (TIFF 6.0, section 2).
 int value_place(const QByteArray &jpeg, const QByteArray &tag)
 {
     return place_of(jpeg, tag, exif_place(jpeg)) + 8;
@@ -50,7 +50,7 @@ QByteArray cut_in_exif(QByteArray jpeg)
     return jpeg.left(exif_place(jpeg) + 20);
 }
 
-/// In the frame header (ITU T.81, B.2.2), which stands between the Exif block and the picture.
+/// Cuts in the frame header (ITU T.81, B.2.2), which is between the Exif block and the picture.
 QByteArray cut_in_header(QByteArray jpeg)
 {
     return jpeg.left(place_of(jpeg, "\xff\xc0") + 10);
@@ -115,7 +115,7 @@ QByteArray with_noise_behind(QByteArray jpeg)
 
 Q_DECLARE_METATYPE(damage)
 
-/// Files that are no whole photos, or that can't be read, between good photos.
+/// Files that aren't complete photos, or that can't be read, between good photos.
 class test_bad_input : public QObject
 {
     Q_OBJECT
@@ -150,13 +150,13 @@ QString test_bad_input::make_bytes(const QString &name, const QByteArray &bytes)
     return batch.path_of(name);
 }
 
-/// Of the file between the good photos.
+/// The time shown for the file between the good photos.
 QString test_bad_input::shown_time() const
 {
     return shown_column(*batch.window, table_data_model::recording_time_column).value(1);
 }
 
-/// Fixes and takes back; nothing happens but to the good photos.
+/// Verifies that a fix and its undo change only the good photos.
 void test_bad_input::verify_it_is_never_touched(const QString &path, const QStringList &named)
 {
     const QStringList state = file_state(path);
@@ -196,7 +196,7 @@ void test_bad_input::damaged_photo_is_fixed_or_left_alone_data()
 {
     QTest::addColumn<damage>("happen");
     QTest::addColumn<bool>("has_time");
-    QTest::addColumn<bool>("named");  // as failed; only with a time
+    QTest::addColumn<bool>("named");  // as failed; only if it has a time
     // clang-format off
     QTest::newRow("cut behind its start") << damage(cut_behind_start) << false << false;
     QTest::newRow("cut in the Exif block") << damage(cut_in_exif) << false << false;

@@ -10,7 +10,7 @@
 namespace
 {
 
-/// Does something to the file at a path, or to what is around it.
+/// Does something to the file at a path, or to its surroundings.
 using fault = void (*)(const QString &path);
 
 void set_mode(const QString &path, mode_t mode)
@@ -49,7 +49,7 @@ void unlock_folder(const QString &path)
     set_mode(folder_of(path), S_IRWXU);
 }
 
-/// Where the tool writes a file anew before it takes its place.
+/// Where the tool writes the new version of a file before it replaces the old one.
 QString temporary_file_of(const QString &path)
 {
     return path + "_exiftool_tmp";
@@ -135,8 +135,8 @@ void replace_by_folder(const QString &path)
     QDir().mkdir(path);
 }
 
-/// A pipe in the place of a file, and somebody who opens it to write as soon as it is opened to
-/// read: some versions of the tool wait for that.
+/// A pipe in the place of a file, and a writer that opens it as soon as a reader does: some
+/// versions of the tool wait for that.
 class ending_pipe
 {
 public:
@@ -166,8 +166,8 @@ const QStringList shown_dates = {shown_date, shown_date, shown_date};
 
 Q_DECLARE_METATYPE(fault)
 
-/// What happens to files between their loading, the fix and the undo: one photo that can't be
-/// written harms neither itself nor the others.
+/// What happens to files between loading, fix and undo. A photo that can't be written stays
+/// unharmed, and so do the others.
 class test_batch_faults : public QObject
 {
     Q_OBJECT
@@ -215,7 +215,7 @@ void test_batch_faults::init()
     path = batch.path_of("sub/m.jpg");
 }
 
-/// Fixes, and takes the fix back: the file at fault is named once and is never touched.
+/// Fixes the photos and undoes that: the faulty file is reported once and never touched.
 void test_batch_faults::verify_fix_names_it_and_no_more()
 {
     const QStringList state = file_state(path);
@@ -227,7 +227,7 @@ void test_batch_faults::verify_fix_names_it_and_no_more()
     verify_undo_passes_it_over();
 }
 
-/// Takes the fix back: the other photos' only, and without a message.
+/// Undoes the fix: it affects only the other photos, and there is no message.
 void test_batch_faults::verify_undo_passes_it_over()
 {
     const QStringList state = file_state(path);
@@ -314,7 +314,7 @@ void test_batch_faults::file_is_fixed_when_its_fault_is_mended_data()
         << fault(leave_temporary_folder) << fault(remove_temporary_folder);
 }
 
-/// Not by the undo, though, which knows nothing of it.
+/// The undo does nothing to the file, since the fix never wrote it. A second fix does.
 void test_batch_faults::file_is_fixed_when_its_fault_is_mended()
 {
     QFETCH(fault, happen);
@@ -344,7 +344,7 @@ void test_batch_faults::photo_on_a_read_only_volume_is_named()
     verify_fix_names_it_and_no_more();
 }
 
-/// A photo that fills `size` bytes.
+/// Puts a photo of exactly `size` bytes.
 QString test_batch_faults::put_grown_photo(int size) const
 {
     constexpr int segment_head = 4;  // marker and length (ITU T.81, B.2.4.5)
@@ -391,8 +391,8 @@ void test_batch_faults::photo_without_room_for_its_undo_stays_fixed()
     verify_good_photos_are_put_back();
 }
 
-/// The tool has written the photo anew beside itself, but the photo can't grow by a page: then the
-/// temporary file takes its place.
+/// The tool has written the new version beside the photo, but the photo can't grow by a page. The
+/// temporary file then takes its place.
 void test_batch_faults::photo_that_has_room_beside_itself_only_is_fixed()
 {
     constexpr int pages = 5;
@@ -417,7 +417,7 @@ void test_batch_faults::photo_that_has_room_beside_itself_only_is_fixed()
     QCOMPARE(batch.contents(), contents);
 }
 
-/// What is written, and what is put back, are the dates of the photo that was loaded.
+/// The dates that are written, and those that are restored, are those of the photo that was loaded.
 void test_batch_faults::other_photo_under_the_name_gets_the_dates_of_the_first()
 {
     batch.load({batch.make_photo("sub/m.jpg", {"ExifIFD:DateTimeOriginal=2017:05:03 12:00:00",
@@ -446,7 +446,7 @@ void test_batch_faults::other_photo_under_the_name_gets_the_dates_of_the_first()
     verify_good_photos_are_put_back();
 }
 
-/// The tool goes through a folder that it is given, and names none as not updated.
+/// Given a folder, the tool processes the files in it, and reports none as not updated.
 void test_batch_faults::folder_under_the_name_isnt_named()
 {
     batch.load({batch.put_photo("sub/m.jpg")});

@@ -18,7 +18,7 @@ namespace
 
 constexpr int steps = 5;
 
-/// The values that a bar was painted with.
+/// Records the values that a bar is painted with.
 class painted_values : public QObject
 {
 public:
@@ -37,7 +37,7 @@ private:
     QProgressBar &bar;
 };
 
-/// Whether a widget was painted while this lives.
+/// Records whether a widget is painted during its lifetime.
 class paint_watch : public QObject
 {
 public:

@@ -14,7 +14,7 @@ const char iptc_date[] = "IPTC:DateCreated=2016:04:02";
 const char iptc_time[] = "IPTC:TimeCreated=11:10:09";
 const char iptc_time_with_zone[] = "IPTC:TimeCreated=11:10:09+02:00";
 
-/// The tags of a photo besides its recording time and the IPTC tags.
+/// The tags of a photo other than its recording time and the IPTC tags.
 const QStringList other_tags = {"ExifIFD:CreateDate=2016:01:01 01:01:01",
                                 "IFD0:ModifyDate=2016:02:02 02:02:02",
                                 "XMP-photoshop:DateCreated=2016:03:03 03:03:03+01:00",
@@ -23,11 +23,11 @@ const QStringList other_tags = {"ExifIFD:CreateDate=2016:01:01 01:01:01",
                                 "System:FileInodeChangeDate=2016:06:06 06:06:06+02:00",
                                 "System:FileCreateDate=2016:07:07 07:07:07+02:00"};
 
-/// Which IPTC tags a photo has, and what of them goes out. An empty line is none.
+/// Which IPTC tags a photo has, and what the requests contain for them. An empty line means none.
 struct iptc_case {
     const char *name;
     QStringList tags;
-    const char *zone;          ///< behind the clock time of the file's dates
+    const char *zone;          ///< after the clock time of the file's dates
     const char *entered_zone;  ///< the same with 3 hours entered as the zone
     const char *date_line;     ///< of a fix with nothing entered
     const char *time_line;

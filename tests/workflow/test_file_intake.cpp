@@ -9,7 +9,7 @@
 #include <QSettings>
 #include <QTableView>
 
-/// Drops and file-open events, and the loading that all of them end in.
+/// Drops and file-open events, and the loading that follows them.
 class test_file_intake : public QObject
 {
     Q_OBJECT

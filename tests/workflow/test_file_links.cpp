@@ -60,7 +60,7 @@ QByteArray link_text(const QString &path)
 
 }  // namespace
 
-/// What a photo is to the file system, apart from its bytes, outlives a fix and its undo.
+/// A photo's properties in the file system, other than its bytes, survive a fix and its undo.
 class test_file_links : public QObject
 {
     Q_OBJECT
@@ -88,7 +88,7 @@ private:
     faulty_batch batch;
 };
 
-/// Fixes and takes back, with the photo `name` in the batch; nothing comes or goes meanwhile.
+/// Fixes and undoes a batch with the photo `name`; meanwhile no file appears or disappears.
 void test_file_links::verify_fix_and_undo_of(const QString &name)
 {
     const QStringList contents = batch.contents();
@@ -105,7 +105,7 @@ void test_file_links::verify_fix_and_undo_of(const QString &name)
 void test_file_links::photo_behind_a_link_is_fixed_data()
 {
     QTest::addColumn<QString>("photo");
-    QTest::addColumn<QString>("target");  // with a leading slash: below the folder
+    QTest::addColumn<QString>("target");  // with a leading slash: relative to the folder
     QTest::newRow("in the same folder") << "target.jpg"
                                         << "target.jpg";
     QTest::newRow("in another folder") << "sub/target.jpg"
@@ -177,7 +177,7 @@ void test_file_links::folder_gives_no_special_files()
 {
     QVERIFY(make_node(batch.path_of("pipe.jpg"), S_IFIFO));
     QVERIFY(make_node(batch.path_of("socket.jpg"), S_IFSOCK));
-    make_node(batch.path_of("device.jpg"), S_IFCHR, makedev(1, 5));  // where it is permitted
+    make_node(batch.path_of("device.jpg"), S_IFCHR, makedev(1, 5));  // if permitted
     link_to("/dev/zero", batch.path_of("to_device.jpg"));
     link_to("pipe.jpg", batch.path_of("to_pipe.jpg"));
     link_to("to_itself.jpg", batch.path_of("to_itself.jpg"));
@@ -227,7 +227,7 @@ void test_file_links::file_date_comes_back_without_fractions()
     QCOMPARE(file_time_of(photo).tv_nsec, 0L);
 }
 
-/// Every date gets the recording time, as ever; a second time there is nothing left to change.
+/// Every date gets the recording time, as always. The second fix has nothing left to change.
 void test_file_links::shift_of_zero_counts_as_a_fix()
 {
     QStringList dates;

@@ -10,10 +10,10 @@
 namespace
 {
 
-/// No UTF-8.
+/// Not valid UTF-8.
 const char raw_name[] = "/\xe4.jpg";
 
-/// The names of files are in this encoding while this lives, as they are under another locale.
+/// While it exists, file names are in this encoding, as they are under another locale.
 class name_encoding
 {
 public:
@@ -52,7 +52,7 @@ private:
     real_tool_window app;
 };
 
-/// Made under a plain name, so that the test's own tool has no say in it.
+/// Made under a plain name, so that the test's own tool isn't affected by `name`.
 void test_file_names::rename_and_load(const QString &name)
 {
     const QString plain = app.make_dated_photo("plain.jpg");
@@ -134,7 +134,7 @@ void test_file_names::names_that_differ_in_their_case_are_two_files()
     QCOMPARE(app.recording_time("A.jpg"), QString("2017:05:03 13:00:00"));
 }
 
-/// No text of Qt stands for such a name, so there is no way to the file.
+/// No QString can hold such a name, so there is no way to reach the file.
 void test_file_names::name_outside_of_the_encoding_gives_nothing()
 {
     const QByteArray raw_path = QFile::encodeName(app.folder->path()) + raw_name;
@@ -147,7 +147,7 @@ void test_file_names::name_outside_of_the_encoding_gives_nothing()
     QCOMPARE(access(raw_path, F_OK), 0);
 }
 
-/// The tool knows nothing of encodings: it takes the bytes that it gets for the file's name.
+/// The tool knows nothing about encodings: it uses the bytes that it gets as the file's name.
 void test_file_names::name_in_another_encoding_than_the_tools_is_fixed()
 {
     const QByteArray raw_path = QFile::encodeName(app.folder->path()) + raw_name;

@@ -230,7 +230,7 @@ void test_fix_batch::answer_to_many_failures_is_seen_and_taken_data()
     QTest::newRow("Undo Changes") << keys{Qt::Key_End} << int{QMessageBox::No} << true;
 }
 
-/// By the events of the platform: a button off the screen would get none.
+/// Uses the platform's events, which a button outside the screen would not get.
 void test_fix_batch::answer_to_many_failures_is_seen_and_taken()
 {
     QFETCH(QList<int>, keys);

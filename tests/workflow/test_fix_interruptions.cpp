@@ -14,8 +14,8 @@
 namespace
 {
 
-/// An action that clicks only when it is run for the first time, since a batch inside of another
-/// comes by the same values.
+/// An action that clicks only the first time it runs, since a batch inside another one passes the
+/// same values.
 std::function<void()> click_once_soon(QWidget *widget)
 {
     return [widget, clicked = false]() mutable {
@@ -25,7 +25,7 @@ std::function<void()> click_once_soon(QWidget *widget)
     };
 }
 
-/// The name's header is clicked: the first click turns the order around.
+/// Clicks the header of the name column. The first click reverses the order.
 void click_name_header(const MainWindow &window)
 {
     const QHeaderView *header = window.ui->tableView->horizontalHeader();
@@ -35,7 +35,7 @@ void click_name_header(const MainWindow &window)
 
 }  // namespace
 
-/// The events between two rows let the user press anything.
+/// Events are processed between two rows, so the user can press anything.
 class test_fix_interruptions : public QObject
 {
     Q_OBJECT
@@ -78,8 +78,7 @@ void test_fix_interruptions::init()
     app.tool.forget();
 }
 
-/// Clicks the button of a batch, with something that happens once when its progress has reached the
-/// value.
+/// Clicks the button of a batch, and runs `action` once when its progress reaches `value`.
 void test_fix_interruptions::at_once(int value, const std::function<void()> &action,
                                      QWidget *button)
 {
@@ -98,7 +97,7 @@ void test_fix_interruptions::fix_with(int value, const std::function<void()> &ac
     at_once(value, action, app.window->button_fix_time);
 }
 
-/// Fixes the photos, and undoes that with something behind the first one.
+/// Fixes the photos, then undoes that and runs `action` after the first one.
 void test_fix_interruptions::undo_with(const std::function<void()> &action)
 {
     click(app.window->button_fix_time);

@@ -6,7 +6,7 @@
 #include "when_modal.h"
 #include "window_actions.h"
 
-/// The window in the frame of a window manager, which has a title at the top alone.
+/// The window in a window manager's frame, which has a title bar only at the top.
 class test_framed_window : public QObject
 {
     Q_OBJECT

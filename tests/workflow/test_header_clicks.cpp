@@ -16,7 +16,7 @@ QString dated(const char *time)
     return QString("ExifIFD:DateTimeOriginal=") + time;
 }
 
-/// How often a model has been sorted, or laid out anew for another reason, while this lives.
+/// Counts how often a model's layout changes during its lifetime, by a sort or for another reason.
 class layout_count
 {
 public:
@@ -72,7 +72,7 @@ void test_header_clicks::init()
     QVERIFY(header);
 }
 
-/// By name a, b, c; by recording time b, c, a.
+/// Sorted by name they are a, b, c; by recording time b, c, a.
 void test_header_clicks::load_three()
 {
     drop_photos(*app.window, {app.make_photo("c.jpg", {dated("2017:01:31 10:00:00")}),

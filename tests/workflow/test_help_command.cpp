@@ -32,7 +32,7 @@ QByteArray bytes_of(const QString &path)
     return file.readAll();
 }
 
-/// Has the system's texts in another encoding while this lives.
+/// Sets the encoding of the system's texts for its lifetime.
 class locale_codec
 {
 public:
@@ -50,7 +50,7 @@ private:
     QTextCodec *before;
 };
 
-/// Adds a file to the resources while this lives.
+/// Adds a file to the resources for its lifetime.
 class further_resource
 {
 public:
@@ -173,8 +173,8 @@ void test_help_command::page_of_a_language_without_one_is_empty()
     QCOMPARE(dialogs.classes, QStringList());
 }
 
-/// The page is text in UTF-8 whatever the system's encoding, and is written as it was read: without
-/// a mark of its byte order, and with its own line ends.
+/// The page is UTF-8 whatever the system's encoding, and is written as it was read: without a byte
+/// order mark, and with its own line ends.
 void test_help_command::page_ends_at_a_zero_byte()
 {
     const locale_codec codec("ISO-8859-1");
@@ -186,7 +186,7 @@ void test_help_command::page_ends_at_a_zero_byte()
     QCOMPARE(bytes_of(help_path("zz")), page);
 }
 
-/// A folder in the place of the file can't be written by anyone.
+/// A folder in the place of the file can't be written by anybody.
 void test_help_command::says_nothing_where_it_cant_write()
 {
     QVERIFY(QDir().mkdir(help_path("en")));

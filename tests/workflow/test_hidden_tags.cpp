@@ -12,7 +12,7 @@ const QString iptc_date_tag = "IPTC:DateCreated";
 const QString exif_date_tag = "ExifIFD:DateTimeOriginal";
 const QString ifd0_date_tag = "IFD0:DateTimeOriginal";
 
-/// The names of the tags that the tool reports when it isn't asked for those of the same name.
+/// The names of the tags that the tool reports when it isn't asked for duplicates.
 QStringList shown_tags(const QString &path)
 {
     QStringList names;
@@ -24,7 +24,7 @@ QStringList shown_tags(const QString &path)
 
 }  // namespace
 
-/// Of several tags of one name the tool reports one; a fix and its undo know of no other.
+/// Of several tags with one name the tool reports one. A fix and its undo don't know the others.
 class test_hidden_tags : public QObject
 {
     Q_OBJECT
@@ -99,7 +99,7 @@ void test_hidden_tags::ifd0_time_hides_the_exif_time()
     QVERIFY(!shown_tags(path).contains(exif_date_tag));
 }
 
-/// The tool itself removes the tag from the one directory when it is written into the other.
+/// The tool itself removes the tag from one directory when it writes it to the other.
 void test_hidden_tags::exif_time_hidden_by_ifd0_goes_as_the_tool_keeps_one_of_both()
 {
     drop_photos(*app.window, {make_photo_with_two_recording_times()});

@@ -36,7 +36,7 @@ void choose(QFileDialog &dialog, const QStringList &paths)
 
 }  // namespace
 
-/// The load button and the file dialog behind it.
+/// The load button and the file dialog that it opens.
 class test_load_dialog : public QObject
 {
     Q_OBJECT

@@ -5,8 +5,8 @@
 
 #include <QFileOpenEvent>
 
-/// What happens while files load: before the first one the user can press anything, and between two
-/// of them the system can open a file.
+/// What can happen while files load: before the first file the user can press anything, and between
+/// two files the system can open another.
 class test_load_interruptions : public QObject
 {
     Q_OBJECT
@@ -37,7 +37,7 @@ QStringList test_load_interruptions::make_photos(const QStringList &names)
     return paths;
 }
 
-/// Drops the photos, with something that happens once when so many of them are there.
+/// Drops the photos, and runs `action` once when the progress reaches `value`.
 void test_load_interruptions::load_with(const QStringList &names, int value,
                                         const std::function<void()> &action)
 {

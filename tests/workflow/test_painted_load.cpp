@@ -30,7 +30,7 @@ void resize_window(const QString &window)
     xdotool({"windowsize", "--sync", window, "950", "650"});
 }
 
-/// By a double click on the title, as the window manager wants it.
+/// Double-clicks the title bar, which makes the window manager maximise the window.
 void maximise_window(const QString &window)
 {
     const QRect before = place_of(window);
@@ -73,9 +73,9 @@ const QList<QPair<int, disturbance>> disturbances = {
 
 }  // namespace
 
-/// The window is painted all the time while files load, however the load began: the rows that were
-/// there, those that came in, and the header. What a user does to the window meanwhile is painted
-/// by the next photo.
+/// The window is always painted while files load, however the load began: the rows that were there,
+/// the new rows, and the header. What a user does to the window meanwhile is painted by the next
+/// photo.
 class test_painted_load : public QObject
 {
     Q_OBJECT
@@ -93,7 +93,7 @@ private:
     expected_screens expected;
 };
 
-/// Starts the program with the old photos in it, and the load of the new ones.
+/// Starts the program with the old photos in it, and starts loading the new ones.
 void test_painted_load::start(const QString &way)
 {
     const QString new_folder = program->make_photos("new", new_count);
@@ -112,7 +112,7 @@ void test_painted_load::start(const QString &way)
     }
 }
 
-/// Looks at the screen while the tool is held at this photo of the load.
+/// Checks the screen while the tool is held at this photo of the load.
 void test_painted_load::look_at(int place)
 {
     if (QTest::currentTestFailed())

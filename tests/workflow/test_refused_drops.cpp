@@ -18,7 +18,7 @@ constexpr QPoint drop_place(150, 250);  ///< in the main window
 
 }  // namespace
 
-/// A drop during a load: the window system would deliver it although the user's input waits.
+/// A drop during a load: the window system would deliver it although user input has to wait.
 class test_refused_drops : public QObject
 {
     Q_OBJECT
@@ -54,7 +54,7 @@ void test_refused_drops::start(const QString &steps)
     place = place_of(program->main_window()).topLeft() + drop_place;
 }
 
-/// Waits for the end of the load, in which nothing else was read, and drops the files then.
+/// Waits for the end of the load, which read nothing else, then drops the files.
 void test_refused_drops::drop_again()
 {
     QTRY_COMPARE(program->read_paths(), folder_files(loaded_folder));
@@ -63,7 +63,7 @@ void test_refused_drops::drop_again()
     QTRY_COMPARE(program->read_paths(), folder_files(loaded_folder) + folder_files(dropped_folder));
 }
 
-/// The drag comes over the drop area while the tool is held at a photo, and the drop at a later
+/// The drag enters the drop area while the tool is held at one photo, and ends in a drop at a later
 /// one.
 void test_refused_drops::drag_that_enters_during_a_load_is_refused()
 {
@@ -90,7 +90,7 @@ void test_refused_drops::drag_that_enters_during_a_load_is_refused()
     drop_again();
 }
 
-/// The source has the word that the drop will be taken, so it drops.
+/// The source was told that the drop would be accepted, so it drops.
 void test_refused_drops::drop_of_a_drag_that_entered_before_a_load_is_refused()
 {
     const QString sign = loaded_folder + ".load";

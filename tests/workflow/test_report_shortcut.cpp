@@ -16,7 +16,7 @@
 namespace
 {
 
-/// The widget of a window that a test's row names.
+/// The widget that the rows of a test call `name`.
 QWidget *named_widget(const MainWindow &window, const QString &name)
 {
     if (name == "table")
@@ -39,7 +39,7 @@ void add_widget_names()
 
 }  // namespace
 
-/// The keys that the real window listens to, and those that it doesn't.
+/// The keys that the real window reacts to, and those that it ignores.
 class test_report_shortcut : public QObject
 {
     Q_OBJECT
@@ -104,7 +104,7 @@ void test_report_shortcut::report_is_the_same_in_german()
     QCOMPARE(report.title, english.title);
 }
 
-/// The shortcut is the application's, not one of the window alone.
+/// The shortcut belongs to the application, not just to one window.
 void test_report_shortcut::keys_show_the_report_from_another_window()
 {
     QWidget other;

@@ -13,8 +13,8 @@ const QStringList written_tags = {"ExifIFD:DateTimeOriginal",  "IFD0:DateTimeOri
                                   "XMP-photoshop:DateCreated", "IPTC:DateCreated",
                                   "IPTC:TimeCreated",          "System:FileModifyDate"};
 
-/// Tags that every rewriting of a file moves: sizes and places of blocks, sums over them, and what
-/// the tool works out of other tags.
+/// Tags that change whenever a file is rewritten: sizes and positions of blocks, checksums of them,
+/// and what the tool derives from other tags.
 bool follows_from_others(const QString &tag)
 {
     static const QStringList names = {"System:FileAccessDate",  "System:FileInodeChangeDate",
@@ -108,7 +108,7 @@ void test_round_trip::photo_is_fixed_and_put_back_data()
     QTest::addColumn<QStringList>("shift");
     QTest::addColumn<int>("warnings");
     QTest::addColumn<QStringList>("fixed");
-    QTest::addColumn<QStringList>("undone");  // where that isn't what stood there at first
+    QTest::addColumn<QStringList>("undone");  // if that isn't what was there at first
     for (const char *name : {"photo.jpg", "photo.tif", "photo.png"}) {
         const auto row = [name](const char *title) -> QTestData & {
             return QTest::addRow("%s: %s", name, title) << name;

@@ -13,15 +13,15 @@ namespace
 constexpr int photo_count = 20;
 constexpr int slow_places[] = {1, 2, 5, 8, 12};
 
-/// The first request of a batch, when a load, a fix and an undo follow one another.
+/// The first request of each batch: a load, a fix and an undo in this order.
 constexpr int first_read = 1;
 constexpr int first_fix = first_read + photo_count;
 constexpr int first_undo = first_fix + photo_count;
 
 }  // namespace
 
-/// While the program waits for a photo, the screen shows what is done: seen from outside, on a real
-/// display with a window manager.
+/// While the program waits for a photo, the screen shows what has been done. Checked from outside,
+/// on a real display with a window manager.
 class test_slow_photos : public QObject
 {
     Q_OBJECT
@@ -41,7 +41,7 @@ private:
     expected_screens expected;
 };
 
-/// Waits until the tool is asked for that request, looks at the screen, and lets the tool answer.
+/// Waits until the tool gets that request, checks the screen, and lets the tool answer.
 void test_slow_photos::look(int request, const QImage &progress)
 {
     if (QTest::currentTestFailed())
@@ -123,7 +123,7 @@ void test_slow_photos::screen_is_exact_after_a_load_inside_of_a_fix()
                            expected.fix_progress(photos_before, photo_count + photos_inside)));
 }
 
-/// The program waits for ever then, and can't send the request that it waits for.
+/// The program then waits forever for the reply to a request that it can't send.
 void test_slow_photos::screen_is_exact_when_the_tool_has_died()
 {
     constexpr int photos_before = 7;

@@ -18,10 +18,10 @@ const QStringList dates = {"ExifIFD:DateTimeOriginal=2017:05:03 12:00:00",
                            "IFD0:ModifyDate=2017:06:01 08:30:00", "IPTC:DateCreated=2017:05:03",
                            "IPTC:TimeCreated=12:00:00+02:00"};
 
-/// The dates above with a time of day, and the file's own.
+/// Those of the dates above that have a time of day, and the file's own.
 constexpr int fixed_date_count = 5;
 
-/// Kilobytes of this process that are in memory: "VmRSS" of proc(5).
+/// The resident memory of this process in kilobytes ("VmRSS" in proc(5)).
 int memory_kb()
 {
     const QList<QByteArray> lines = bytes_of("/proc/self/status").split('\n');
@@ -60,7 +60,7 @@ private:
     QStringList paths;
     QList<QByteArray> old_dates;
     QByteArray picture;
-    QList<int> memory;  ///< after each round, with the next
+    QList<int> memory;  ///< this and the next: one entry for each round
     QList<int> descriptors;
 };
 
@@ -107,7 +107,7 @@ void test_soak::rounds_leave_nothing_behind()
         QVERIFY2(picture_data(path) == picture, qPrintable(path));
 }
 
-/// The dates of all photos, a line each, in the order of the lines.
+/// The dates of all photos, one photo per line, with the lines sorted.
 QList<QByteArray> test_soak::written_dates() const
 {
     QStringList arguments = {"-q", "-T", "-FileName", "-System:FileModifyDate"};
@@ -120,7 +120,7 @@ QList<QByteArray> test_soak::written_dates() const
 
 void test_soak::fix_and_undo_all()
 {
-    // The tool has a word on each undo where the file system keeps no creation dates.
+    // Where the file system keeps no creation dates, the tool prints a message at each undo.
     const captured_output words_of_the_tool;
     box_answers answers;
     drop_photos(*app.window, paths);

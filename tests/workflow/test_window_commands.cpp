@@ -29,7 +29,7 @@ QString stored_language()
     return QSettings().value("lang").toString();
 }
 
-/// All that the window says, with the sheets that name its pictures.
+/// All texts of the window, including the style sheets that name its pictures.
 QStringList all_texts(const MainWindow &window)
 {
     QStringList texts = {window.windowTitle(), window.styleSheet()};
@@ -44,27 +44,27 @@ QStringList all_texts(const MainWindow &window)
     return texts;
 }
 
-/// The platform may put it elsewhere: only `window.geometry()` says where it stands.
+/// The platform may put it elsewhere; only `window.geometry()` says where it is.
 void move_window(MainWindow &window, const QPoint &corner)
 {
     window.move(corner);
     QCoreApplication::processEvents();
 }
 
-/// Where a dialog stands, and whether somebody else than Qt has put it there.
+/// Where a dialog is, and whether it was put there by something other than Qt.
 struct shown_place {
     QRect place;
     bool was_chosen = false;
 };
 
-/// The platform's own say in it comes as an event.
+/// The platform reports its own choice of a place by an event.
 shown_place place_of(const QDialog &dialog)
 {
     QCoreApplication::processEvents();
     return {dialog.geometry(), dialog.testAttribute(Qt::WA_Moved)};
 }
 
-/// Clicks the about button and closes the dialog that comes up.
+/// Clicks the about button and closes the dialog that opens.
 shown_place place_of_about(const MainWindow &window)
 {
     shown_place about;
@@ -87,7 +87,7 @@ QRect place_of_plain_dialog(MainWindow &window, QSize size)
     return plain.place;
 }
 
-/// The platform of the tests keeps the frames of its windows on the screen.
+/// The test platform keeps the frames of windows on the screen.
 QRect with_frame_on_screen(const QRect &place)
 {
     constexpr int frame_px = 2;
@@ -96,7 +96,7 @@ QRect with_frame_on_screen(const QRect &place)
 
 }  // namespace
 
-/// The about and the settings button of the real window.
+/// The about and settings buttons of the real window.
 class test_window_commands : public QObject
 {
     Q_OBJECT
@@ -147,7 +147,7 @@ void test_window_commands::about_stands_over_the_middle_data()
     QTest::newRow("partly off the screen") << QRect(-51, -51, 800, 700);
 }
 
-/// With versions of several lengths, which make dialogs of odd and even widths.
+/// Tries versions of several lengths, which make the dialog's width odd or even.
 void test_window_commands::about_stands_over_the_middle()
 {
     QFETCH(QRect, window_place);
