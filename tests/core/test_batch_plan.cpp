@@ -77,9 +77,9 @@ private slots:
     void fix_writes_each_tag_by_its_kind();
     void written_zone_is_the_sum_of_stored_and_entered_data();
     void written_zone_is_the_sum_of_stored_and_entered();
-    void photo_without_date_tags_has_nothing_written();
+    void nothing_is_written_to_a_photo_without_date_tags();
     void ifd0_date_is_written_in_place_of_the_exif_date();
-    void inode_date_is_never_written_nor_remembered();
+    void inode_date_is_never_written_or_remembered();
     void tags_of_other_names_are_never_written();
 
     void entries_hold_each_candidate_in_order();
@@ -188,7 +188,7 @@ void test_batch_plan::written_zone_is_the_sum_of_stored_and_entered_data()
     QTest::addColumn<QString>("expected");
     // clang-format off
     QTest::newRow("moved zone") << "+02:00" << true << 3.0 << "2017:05:03 12:30:00+05:00";
-    QTest::newRow("entry alone") << "" << true << -5.5 << "2017:05:03 12:30:00-05:30";
+    QTest::newRow("only an entry") << "" << true << -5.5 << "2017:05:03 12:30:00-05:30";
     QTest::newRow("entry that is no number") << "" << true << 0.0 << "2017:05:03 12:30:00+00:00";
     QTest::newRow("zone alone, in normal form") << "+02:00 (summer)" << false << 0.0 << "2017:05:03 12:30:00+02:00";
     QTest::newRow("odd minutes lose one") << "+01:01" << false << 0.0 << "2017:05:03 12:30:00+01:00";
@@ -211,7 +211,7 @@ void test_batch_plan::written_zone_is_the_sum_of_stored_and_entered()
     QTEST(written(values, file_modified), "expected");
 }
 
-void test_batch_plan::photo_without_date_tags_has_nothing_written()
+void test_batch_plan::nothing_is_written_to_a_photo_without_date_tags()
 {
     QCOMPARE(fix_tags({{}, summer_record()}, new_time, false, 0.0), tag_map());
 }
@@ -228,7 +228,7 @@ void test_batch_plan::ifd0_date_is_written_in_place_of_the_exif_date()
              (tag_map{{exif_original, "2017:05:03 12:30:00"}}));
 }
 
-void test_batch_plan::inode_date_is_never_written_nor_remembered()
+void test_batch_plan::inode_date_is_never_written_or_remembered()
 {
     const photo_tags photo{{{inode_changed, "2017:05:03 12:00:00+02:00"}}, summer_record()};
     QCOMPARE(written(fix_tags(photo, new_time, false, 0.0), inode_changed), QString("not written"));
@@ -303,8 +303,8 @@ void test_batch_plan::iptc_time_is_remembered_with_date_and_zone_data()
     QTest::newRow("zone isn't that of the season") << "12:34:56+01:00" << "+01:00" << "05" << "2017:05:03 12:34:56+01:00";
     QTest::newRow("time of another form is midnight") << "123456+02:00" << "+02:00" << "05" << "2017:05:03 00:00:00+02:00";
     QTest::newRow("empty time is midnight") << "" << "" << "05" << "2017:05:03 00:00:00+02:00";
-    QTest::newRow("date in the place of a time") << "2017-05-03" << "-03" << "05" << "2017:05:03 00:00:00-03:00";
-    QTest::newRow("plus is looked for before the minus") << "12:34:56+02:00-05:00" << "+02:00-05:00" << "05" << "2017:05:03 12:34:56+02:00";
+    QTest::newRow("date instead of a time") << "2017-05-03" << "-03" << "05" << "2017:05:03 00:00:00-03:00";
+    QTest::newRow("plus is searched for before the minus") << "12:34:56+02:00-05:00" << "+02:00-05:00" << "05" << "2017:05:03 12:34:56+02:00";
     // clang-format on
 }
 

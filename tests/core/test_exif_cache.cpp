@@ -53,10 +53,10 @@ private slots:
 
     void there_is_one_cache();
     void cache_is_two_plain_maps();
-    void recording_time_comes_from_exif_before_ifd0_and_from_nowhere_else_data();
-    void recording_time_comes_from_exif_before_ifd0_and_from_nowhere_else();
-    void recording_time_is_cut_into_texts_data();
-    void recording_time_is_cut_into_texts();
+    void recording_time_comes_from_exif_or_else_from_ifd0_data();
+    void recording_time_comes_from_exif_or_else_from_ifd0();
+    void recording_time_is_split_into_texts_data();
+    void recording_time_is_split_into_texts();
     void zone_is_the_end_of_the_iptc_time_data();
     void zone_is_the_end_of_the_iptc_time();
     void parsing_is_silent();
@@ -67,7 +67,7 @@ private slots:
     void load_again_replaces_the_tags();
     void paths_are_kept_in_utf8();
     void files_are_kept_apart();
-    void copy_of_a_record_leaves_the_record_alone();
+    void changing_a_copy_does_not_change_the_record();
     void file_that_was_not_loaded_has_an_empty_record();
     void missing_tool_gives_a_record_without_a_time();
 
@@ -105,7 +105,7 @@ void test_exif_cache::cache_is_two_plain_maps()
     QVERIFY(&cache->records < &cache->raw_tags);
 }
 
-void test_exif_cache::recording_time_comes_from_exif_before_ifd0_and_from_nowhere_else_data()
+void test_exif_cache::recording_time_comes_from_exif_or_else_from_ifd0_data()
 {
     QTest::addColumn<QStringList>("tags");
     QTest::addColumn<tag_map>("expected");
@@ -129,14 +129,14 @@ void test_exif_cache::recording_time_comes_from_exif_before_ifd0_and_from_nowher
     // clang-format on
 }
 
-void test_exif_cache::recording_time_comes_from_exif_before_ifd0_and_from_nowhere_else()
+void test_exif_cache::recording_time_comes_from_exif_or_else_from_ifd0()
 {
     QFETCH(QStringList, tags);
     QFETCH(tag_map, expected);
     QCOMPARE(loaded_record(tags), with(bare_record, expected));
 }
 
-void test_exif_cache::recording_time_is_cut_into_texts_data()
+void test_exif_cache::recording_time_is_split_into_texts_data()
 {
     QTest::addColumn<QString>("value");
     QTest::addColumn<tag_map>("expected");
@@ -145,19 +145,19 @@ void test_exif_cache::recording_time_is_cut_into_texts_data()
     QTest::newRow("leading zeros stay") << "0007:05:03 01:02:03" << with(dated("0007", "05", "03"), timed("01", "02", "03"));
     QTest::newRow("date without a time") << "2017:05:03" << day;
     QTest::newRow("zeros count as parts") << "0000:00:00 00:00:00" << with(dated("0000", "00", "00"), timed("00", "00", "00"));
-    QTest::newRow("cut at the first blank only") << "2017:05:03 12:00:00 +0200" << with(day, timed("12", "00", "00 +0200"));
-    QTest::newRow("second blank belongs to the hour") << "2017:05:03  12:00:00" << with(day, timed(" 12", "00", "00"));
+    QTest::newRow("split at the first space only") << "2017:05:03 12:00:00 +0200" << with(day, timed("12", "00", "00 +0200"));
+    QTest::newRow("second space belongs to the hour") << "2017:05:03  12:00:00" << with(day, timed(" 12", "00", "00"));
     QTest::newRow("fraction stays with the second") << "2017:05:03 12:00:00.25" << with(day, timed("12", "00", "00.25"));
     QTest::newRow("zone without a colon stays with the second") << "2017:05:03 12:00:00-0500" << with(day, timed("12", "00", "00-0500"));
     QTest::newRow("colon at the end stays") << "2017:05:03 12:00:00:" << with(day, timed("12", "00", "00:"));
-    QTest::newRow("double colon is one cut") << "2017::05:03 12::00:00" << with(day, timed("12", "00", "00"));
+    QTest::newRow("double colon splits once") << "2017::05:03 12::00:00" << with(day, timed("12", "00", "00"));
     QTest::newRow("letters are three parts too") << "a:b:c d:e:f" << with(dated("a", "b", "c"), timed("d", "e", "f"));
-    QTest::newRow("tab is no blank") << "2017:05:03\t12" << dated("2017", "05", "03\t12");
+    QTest::newRow("tab isn't a space") << "2017:05:03\t12" << dated("2017", "05", "03\t12");
     QTest::newRow("empty") << "" << tag_map{};
     // clang-format on
 }
 
-void test_exif_cache::recording_time_is_cut_into_texts()
+void test_exif_cache::recording_time_is_split_into_texts()
 {
     QFETCH(QString, value);
     QFETCH(tag_map, expected);
@@ -180,11 +180,11 @@ void test_exif_cache::zone_is_the_end_of_the_iptc_time_data()
     QTest::newRow("no sign, no key") << time("12:34:56") << tag_map{{"has_iptc_time", "true"}};
     QTest::newRow("empty, no key") << time("") << tag_map{{"has_iptc_time", "true"}};
     QTest::newRow("plus before minus") << time("12:34:56+02:00-05:00") << zone("+02:00-05:00");
-    QTest::newRow("plus behind minus") << time("12:34:56-05:00+02:00") << zone("+02:00");
+    QTest::newRow("plus after minus") << time("12:34:56-05:00+02:00") << zone("+02:00");
     QTest::newRow("last of two pluses") << time("12:34:56+01:00+02:00") << zone("+02:00");
     QTest::newRow("last of two minuses, of a date") << time("2017-05-03") << zone("-03");
-    QTest::newRow("lone minus") << time("12:34:56-") << zone("-");
-    QTest::newRow("no two digits") << time("12:34:56+2:00") << zone("+2:00");
+    QTest::newRow("only a minus") << time("12:34:56-") << zone("-");
+    QTest::newRow("hour of one digit") << time("12:34:56+2:00") << zone("+2:00");
     QTest::newRow("date alone, unparsed") << QStringList{"IPTC:DateCreated=nonsense+02:00"} << tag_map{{"has_iptc_date", "true"}};
     QTest::newRow("date and time") << QStringList{"IPTC:DateCreated=2017:05:03", "IPTC:TimeCreated=12:34:56+05:30"}
         << tag_map{{"has_iptc_date", "true"}, {"has_iptc_time", "true"}, {"iptc_timezone", "+05:30"}};
@@ -237,7 +237,7 @@ void test_exif_cache::date_or_time_without_three_parts_ends_the_program_data()
     QTest::newRow("time without seconds") << "2017:05:03 12:00" << time_check << 36;
     QTest::newRow("time of one part") << "2017:05:03 noon" << time_check << 36;
     QTest::newRow("zone with a colon") << "2017:05:03 12:00:00+02:00" << time_check << 36;
-    QTest::newRow("zone with a colon behind a blank") << "2017:05:03 12:00:00 +02:00" << time_check << 36;
+    QTest::newRow("zone with a colon after a space") << "2017:05:03 12:00:00 +02:00" << time_check << 36;
     QTest::newRow("time that ends in a colon") << "2017:05:03 12:00:" << time_check << 36;
     // clang-format on
 }
@@ -309,7 +309,7 @@ void test_exif_cache::files_are_kept_apart()
     QCOMPARE(cache->record_copy("/photos/b.jpg"), with(bare_record, ifd0_record));
 }
 
-void test_exif_cache::copy_of_a_record_leaves_the_record_alone()
+void test_exif_cache::changing_a_copy_does_not_change_the_record()
 {
     loaded_record({exif_time});
     auto &&copy = cache->record_copy("/photos/photo.jpg");

@@ -31,7 +31,7 @@ private slots:
     void hours_become_a_zone();
     void zone_becomes_hours_data();
     void zone_becomes_hours();
-    void quarters_of_an_hour_come_back_unchanged();
+    void quarter_hours_survive_a_round_trip();
     void entry_is_added_to_the_zone_data();
     void entry_is_added_to_the_zone();
     void hours_beyond_all_zones_still_give_sign_hours_and_minutes_data();
@@ -94,11 +94,11 @@ void test_zone_text::zone_becomes_hours_data()
     QTest::newRow("without the leading zero") << "+2:00" << 0.0F;
     QTest::newRow("hours alone") << "+02" << 2.0F;
     QTest::newRow("without the colon the last digit is the minutes") << "+0230" << 2.0F;
-    QTest::newRow("character behind the hours isn't looked at") << "+02x30" << 2.5F;
+    QTest::newRow("character after the hours is ignored") << "+02x30" << 2.5F;
     QTest::newRow("sign alone") << "-" << 0.0F;
     QTest::newRow("letters are zero") << "+ab:30" << 0.5F;
     QTest::newRow("letters for the minutes") << "+02:cd" << 2.0F;
-    QTest::newRow("text behind the minutes") << "+02:30:15" << 2.5F;
+    QTest::newRow("text after the minutes") << "+02:30:15" << 2.5F;
     QTest::newRow("sixty minutes and more count") << "+02:90" << 3.5F;
     // clang-format on
 }
@@ -110,7 +110,7 @@ void test_zone_text::zone_becomes_hours()
     QVERIFY2(zone_hours(zone) == expected, qPrintable(QString::number(double{zone_hours(zone)})));
 }
 
-void test_zone_text::quarters_of_an_hour_come_back_unchanged()
+void test_zone_text::quarter_hours_survive_a_round_trip()
 {
     for (int quarters = -14 * 4; quarters <= 14 * 4; ++quarters) {
         const int minutes = std::abs(quarters) * 15;
@@ -155,7 +155,7 @@ void test_zone_text::hours_beyond_all_zones_still_give_sign_hours_and_minutes_da
     QTest::addColumn<QString>("sign");
     QTest::newRow("infinity") << infinity << "+";
     QTest::newRow("negative infinity") << -infinity << "-";
-    QTest::newRow("no number isn't zero or more") << not_a_number << "-";
+    QTest::newRow("NaN isn't zero or more") << not_a_number << "-";
     QTest::newRow("greatest") << greatest << "+";
     QTest::newRow("least") << -greatest << "-";
     QTest::newRow("just beyond an int") << 2147483648.0F << "+";
@@ -182,12 +182,12 @@ void test_zone_text::number_is_read_leniently_data()
     QTest::newRow("zone with a plus") << std::string("+02:00") << 2;
     QTest::newRow("zone with a minus") << std::string("-05:30") << -5;
     QTest::newRow("fraction ends the number") << std::string("00.25") << 0;
-    QTest::newRow("zone behind a blank") << std::string("17 +0200") << 17;
-    QTest::newRow("minus behind digits ends the number") << std::string("12-05") << 12;
-    QTest::newRow("letters in front are blanks") << std::string("ab7c8") << 7;
+    QTest::newRow("zone after a space") << std::string("17 +0200") << 17;
+    QTest::newRow("minus after digits ends the number") << std::string("12-05") << 12;
+    QTest::newRow("letters in front are skipped like spaces") << std::string("ab7c8") << 7;
     QTest::newRow("no hexadecimal") << std::string("0x1F") << 0;
-    QTest::newRow("bytes of other letters are blanks") << std::string("\xC3\xA4""3") << 3;
-    QTest::newRow("byte zero is a blank") << std::string("\0""4", 2) << 4;
+    QTest::newRow("bytes of non-ASCII letters are skipped like spaces") << std::string("\xC3\xA4""3") << 3;
+    QTest::newRow("NUL is skipped like a space") << std::string("\0""4", 2) << 4;
     QTest::newRow("greatest") << std::string("2147483647") << 2147483647;
     QTest::newRow("least") << std::string("-2147483648") << std::numeric_limits<int>::min();
     // clang-format on
@@ -203,7 +203,7 @@ void test_zone_text::empty_text_gives_the_default_data()
 {
     QTest::addColumn<std::string>("text");
     QTest::newRow("empty") << std::string();
-    QTest::newRow("blanks") << std::string("  ");
+    QTest::newRow("spaces") << std::string("  ");
     QTest::newRow("letters") << std::string("abc");
     QTest::newRow("plus") << std::string("+");
     QTest::newRow("colons") << std::string(":  :");
@@ -219,9 +219,9 @@ void test_zone_text::empty_text_gives_the_default()
 void test_zone_text::text_without_a_number_throws_data()
 {
     QTest::addColumn<std::string>("text");
-    QTest::newRow("lone minus") << std::string("-");
+    QTest::newRow("only a minus") << std::string("-");
     QTest::newRow("minuses") << std::string("----");
-    QTest::newRow("minus before a blank") << std::string("- 5");
+    QTest::newRow("minus before a space") << std::string("- 5");
     QTest::newRow("minus before a plus") << std::string("-+5");
     QTest::newRow("two minuses") << std::string("--5");
 }

@@ -79,17 +79,17 @@ class test_cell : public QObject
 private slots:
     void starts_without_any_wish_data();
     void starts_without_any_wish();
-    void every_built_cell_has_a_background_of_its_own();
+    void every_new_cell_has_its_own_background();
     void destructor_deletes_no_widget();
     void copy_has_all_fields_and_the_same_widgets();
     void assignment_replaces_all_fields();
-    void copy_goes_its_own_way();
+    void copy_is_independent();
     void is_empty_without_widget_and_span_data();
     void is_empty_without_widget_and_span();
-    void answers_with_constants_data();
-    void answers_with_constants();
-    void takes_no_geometry();
-    void has_the_rest_from_its_base();
+    void size_and_geometry_are_constant_data();
+    void size_and_geometry_are_constant();
+    void ignores_geometry();
+    void inherits_everything_else_unchanged();
     void margin_goes_to_all_sides();
     void padding_goes_to_all_sides();
 };
@@ -133,7 +133,7 @@ void test_cell::starts_without_any_wish()
     QVERIFY(!fresh.owner);
 }
 
-void test_cell::every_built_cell_has_a_background_of_its_own()
+void test_cell::every_new_cell_has_its_own_background()
 {
     QWidget widget;
     const cell with_widget(&widget);
@@ -182,7 +182,7 @@ void test_cell::assignment_replaces_all_fields()
     compare_fields(copy, original);
 }
 
-void test_cell::copy_goes_its_own_way()
+void test_cell::copy_is_independent()
 {
     const cell original;
     cell copy = original;
@@ -213,14 +213,14 @@ void test_cell::is_empty_without_widget_and_span()
     QTEST(tested.isEmpty(), "expected");
 }
 
-void test_cell::answers_with_constants_data()
+void test_cell::size_and_geometry_are_constant_data()
 {
     QTest::addColumn<bool>("is_filled");
     QTest::newRow("fresh") << false;
     QTest::newRow("every field set") << true;
 }
 
-void test_cell::answers_with_constants()
+void test_cell::size_and_geometry_are_constant()
 {
     QFETCH(bool, is_filled);
     QWidget widget;
@@ -234,7 +234,7 @@ void test_cell::answers_with_constants()
     QCOMPARE(tested.geometry(), QRect(0, 0, 100, 100));
 }
 
-void test_cell::takes_no_geometry()
+void test_cell::ignores_geometry()
 {
     QWidget widget;
     widget.setGeometry(1, 2, 3, 4);
@@ -246,7 +246,7 @@ void test_cell::takes_no_geometry()
     QCOMPARE(tested.background_widget()->geometry(), QRect(5, 6, 7, 8));
 }
 
-void test_cell::has_the_rest_from_its_base()
+void test_cell::inherits_everything_else_unchanged()
 {
     QWidget widget;
     QSizePolicy policy(QSizePolicy::Fixed, QSizePolicy::Fixed, QSizePolicy::PushButton);

@@ -18,13 +18,13 @@ class test_lambda : public QObject
 private slots:
     void call_runs_the_function_each_time();
     void call_without_a_function_does_nothing();
-    void call_is_its_one_slot();
-    void signal_reaches_it_by_its_text();
-    void connection_goes_with_it();
-    void timer_reaches_it_by_its_text();
-    void function_lives_as_long_as_it();
+    void call_is_its_only_slot();
+    void signal_can_be_connected_by_text();
+    void connection_ends_with_it();
+    void timer_can_call_it_by_text();
+    void function_lives_as_long_as_the_lambda();
     void dies_with_its_parent();
-    void belongs_to_nobody_without_a_parent();
+    void has_no_owner_without_a_parent();
 };
 
 void test_lambda::call_runs_the_function_each_time()
@@ -46,7 +46,7 @@ void test_lambda::call_without_a_function_does_nothing()
     QTest::mouseClick(&button, Qt::LeftButton);
 }
 
-void test_lambda::call_is_its_one_slot()
+void test_lambda::call_is_its_only_slot()
 {
     const QMetaObject &meta = lambda::staticMetaObject;
     QCOMPARE(meta.className(), "qor::qt::lambda");
@@ -57,7 +57,7 @@ void test_lambda::call_is_its_one_slot()
     QCOMPARE(method.methodType(), QMetaMethod::Slot);
 }
 
-void test_lambda::signal_reaches_it_by_its_text()
+void test_lambda::signal_can_be_connected_by_text()
 {
     int calls = 0;
     QPushButton button;
@@ -69,7 +69,7 @@ void test_lambda::signal_reaches_it_by_its_text()
     QCOMPARE(calls, 2);
 }
 
-void test_lambda::connection_goes_with_it()
+void test_lambda::connection_ends_with_it()
 {
     int calls = 0;
     QPushButton button;
@@ -81,7 +81,7 @@ void test_lambda::connection_goes_with_it()
     QCOMPARE(calls, 0);
 }
 
-void test_lambda::timer_reaches_it_by_its_text()
+void test_lambda::timer_can_call_it_by_text()
 {
     int calls = 0;
     lambda receiver([&] { ++calls; });
@@ -90,7 +90,7 @@ void test_lambda::timer_reaches_it_by_its_text()
     QTRY_COMPARE(calls, 1);
 }
 
-void test_lambda::function_lives_as_long_as_it()
+void test_lambda::function_lives_as_long_as_the_lambda()
 {
     const auto held = std::make_shared<int>();
     {
@@ -111,7 +111,7 @@ void test_lambda::dies_with_its_parent()
     QVERIFY(!receiver);
 }
 
-void test_lambda::belongs_to_nobody_without_a_parent()
+void test_lambda::has_no_owner_without_a_parent()
 {
     const lambda receiver([] {});
     QVERIFY(!receiver.parent());

@@ -54,20 +54,20 @@ private slots:
     void positions_go_row_by_row();
     void cells_follow_each_other_data();
     void cells_follow_each_other();
-    void added_widget_is_taken_over();
+    void added_widget_gets_the_layouts_parent();
     void added_widget_loses_its_parent_without_one_here();
-    void widget_is_taken_over_before_its_place_is_looked_for();
+    void widget_gets_its_parent_before_its_position();
     void stored_cells_keep_their_addresses();
     void cell_without_a_widget_is_not_registered();
     void widget_added_twice_has_two_cells();
     void add_replaces_an_empty_cell();
     void add_sizes_its_lines_data();
     void add_sizes_its_lines();
-    void add_at_takes_that_place();
-    void add_at_replaces_what_is_there();
-    void add_at_leaves_the_lines_sizes_alone();
+    void add_at_uses_the_given_position();
+    void add_at_replaces_the_old_cell();
+    void add_at_keeps_the_line_sizes();
     void add_at_before_the_first_line_makes_none();
-    void sub_layout_comes_in_a_holder();
+    void sub_layout_is_put_into_a_holder();
     void sub_layout_takes_several_lists();
 };
 
@@ -115,7 +115,7 @@ void test_layout::positions_go_row_by_row_data()
     QTest::newRow("upper before lower") << QPoint(0, 1) << QPoint(0, 2);
     QTest::newRow("row before column") << QPoint(5, 1) << QPoint(0, 2);
     QTest::newRow("negative column before the first") << QPoint(-1, 0) << QPoint(0, 0);
-    QTest::newRow("negative column behind the row above") << QPoint(9, 0) << QPoint(-1, 1);
+    QTest::newRow("negative column after the row above") << QPoint(9, 0) << QPoint(-1, 1);
     QTest::newRow("negative row before the first") << QPoint(5, -1) << QPoint(0, 0);
     QTest::newRow("ends of two rows") << QPoint(highest, 0) << QPoint(lowest, 1);
     QTest::newRow("outermost rows") << QPoint(0, lowest) << QPoint(highest, highest);
@@ -169,9 +169,9 @@ void test_layout::cells_follow_each_other_data()
     QTest::newRow("each cell ends its row")
         << 2 << false << "a* b* c*" << "a|b|c" << QPoint(0, 2) << QPoint(0, 3);
 
-    QTest::newRow("columns that a later row brings: missing after that add")
+    QTest::newRow("columns added by a later row: missing after that add")
         << 0 << false << "a* b c" << "a-|bc" << QPoint(1, 1) << QPoint(2, 1);
-    QTest::newRow("columns that a later row brings: filled by the next add")
+    QTest::newRow("columns added by a later row: filled by the next add")
         << 0 << false << "a* b c d" << "a.-|bcd" << QPoint(2, 1) << QPoint(3, 1);
     QTest::newRow("no line grows: the grid is full")
         << 0 << false << "a b c* d e f" << "abc|def" << QPoint(2, 1) << QPoint(3, 1);
@@ -224,7 +224,7 @@ void test_layout::cells_follow_each_other()
     QTEST(cursor_of(*screen.grid), "cursor");
 }
 
-void test_layout::added_widget_is_taken_over()
+void test_layout::added_widget_gets_the_layouts_parent()
 {
     layout_screen screen(0);
     QWidget elsewhere;
@@ -259,7 +259,7 @@ void test_layout::added_widget_loses_its_parent_without_one_here()
     QCOMPARE(parentless.cells.at({0, 0}).content, widget);
 }
 
-void test_layout::widget_is_taken_over_before_its_place_is_looked_for()
+void test_layout::widget_gets_its_parent_before_its_position()
 {
     layout_screen screen(0);
     screen.grid->add_at(named_cell("a"), 0, 0, false);
@@ -329,7 +329,7 @@ void test_layout::add_sizes_its_lines_data()
     QTest::newRow("nothing") << sizes{{0, 0}} << lines{0} << lines{0};
     QTest::newRow("width alone") << sizes{{70, -1}} << lines{70} << lines{0};
     QTest::newRow("height alone") << sizes{{-1, 30}} << lines{0} << lines{30};
-    QTest::newRow("a line each") << sizes{{70, 30}, {80, -1}, {-1, 40}}
+    QTest::newRow("one line each") << sizes{{70, 30}, {80, -1}, {-1, 40}}
                                  << lines{70, 80} << lines{30, 40};
     QTest::newRow("a later cell of the line wins") << sizes{{70, 30}, {80, 31}, {71, 40}}
                                                    << lines{71, 80} << lines{31, 40};
@@ -352,7 +352,7 @@ void test_layout::add_sizes_its_lines()
     QTEST(screen.grid->row_heights, "row_heights");
 }
 
-void test_layout::add_at_takes_that_place()
+void test_layout::add_at_uses_the_given_position()
 {
     layout_screen screen(2);
     add_described(*screen.grid, "a");
@@ -374,7 +374,7 @@ void test_layout::add_at_takes_that_place()
     QCOMPARE(screen.grid->row_heights, lines({0, 0, 0}));
 }
 
-void test_layout::add_at_replaces_what_is_there()
+void test_layout::add_at_replaces_the_old_cell()
 {
     layout_screen screen(0);
     add_described(*screen.grid, "a b c");
@@ -388,7 +388,7 @@ void test_layout::add_at_replaces_what_is_there()
     QCOMPARE(replaced->parentWidget(), &screen.parent);
 }
 
-void test_layout::add_at_leaves_the_lines_sizes_alone()
+void test_layout::add_at_keeps_the_line_sizes()
 {
     layout_screen screen(0);
     cell sized = named_cell("a");
@@ -413,7 +413,7 @@ void test_layout::add_at_before_the_first_line_makes_none()
     QCOMPARE(screen.grid->count(), 2);
 }
 
-void test_layout::sub_layout_comes_in_a_holder()
+void test_layout::sub_layout_is_put_into_a_holder()
 {
     layout_screen screen(0);
     auto *inner = new qor::qt::layout(1, false);

@@ -108,11 +108,11 @@ private slots:
     void widget_is_added_with_its_properties_and_returned();
     void widget_is_added_with_several_lists();
     void click_runs_the_function();
-    void click_runs_the_function_at_once();
+    void click_runs_the_function_immediately();
     void clicked_cell_is_set_before_the_function_runs();
-    void clicked_cell_is_the_stored_one_also_where_it_spans();
+    void clicked_cell_is_the_stored_one_even_if_it_spans();
     void any_widget_with_a_click_can_be_added();
-    void widget_without_a_click_is_only_warned_of();
+    void widget_without_a_click_only_causes_a_warning();
     void empty_function_makes_no_connection_and_no_receiver_data();
     void empty_function_makes_no_connection_and_no_receiver();
     void sub_layout_gets_a_holder_with_the_properties();
@@ -207,7 +207,7 @@ void test_layout_adding::click_runs_the_function()
     QCOMPARE(clicked, QStringList({"right", "left", "left"}));
 }
 
-void test_layout_adding::click_runs_the_function_at_once()
+void test_layout_adding::click_runs_the_function_immediately()
 {
     int clicks = 0;
     laid_out_window screen;
@@ -234,7 +234,7 @@ void test_layout_adding::clicked_cell_is_set_before_the_function_runs()
     QCOMPARE(clicked_cell, &screen.grid->cells.at({0, 0}));
 }
 
-void test_layout_adding::clicked_cell_is_the_stored_one_also_where_it_spans()
+void test_layout_adding::clicked_cell_is_the_stored_one_even_if_it_spans()
 {
     laid_out_window screen;
     screen.grid->add(new QLabel("above"), {}, {&properties::new_line});
@@ -258,7 +258,7 @@ void test_layout_adding::any_widget_with_a_click_can_be_added()
     QCOMPARE(clicks, 1);
 }
 
-void test_layout_adding::widget_without_a_click_is_only_warned_of()
+void test_layout_adding::widget_without_a_click_only_causes_a_warning()
 {
     QTest::ignoreMessage(QtWarningMsg, "QObject::connect: No such signal QLabel::clicked()");
     laid_out_window screen;

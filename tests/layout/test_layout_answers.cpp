@@ -34,19 +34,19 @@ class test_layout_answers : public QObject
 
 private slots:
     void accessors_refer_to_the_entry();
-    void accessors_mean_the_last_cell_below_zero();
+    void negative_index_means_the_last_cell();
     void accessors_grow_the_lines();
     void sizes_are_sums_data();
     void sizes_are_sums();
     void items_are_the_cells_in_use();
     void items_go_row_by_row();
-    void nothing_can_be_taken();
-    void answers_the_rest_as_qt_does();
+    void no_item_can_be_taken();
+    void everything_else_is_as_in_qt();
     void foreign_item_ends_the_program_data();
     void foreign_item_ends_the_program();
-    void last_line_of_no_lines_ends_the_program_data();
-    void last_line_of_no_lines_ends_the_program();
-    void end_of_the_layout_leaves_all_widgets();
+    void last_line_of_an_empty_layout_ends_the_program_data();
+    void last_line_of_an_empty_layout_ends_the_program();
+    void deleting_the_layout_keeps_all_widgets();
 };
 
 void test_layout_answers::accessors_refer_to_the_entry()
@@ -63,7 +63,7 @@ void test_layout_answers::accessors_refer_to_the_entry()
     QCOMPARE(screen.grid->column_width(0), 70);
 }
 
-void test_layout_answers::accessors_mean_the_last_cell_below_zero()
+void test_layout_answers::negative_index_means_the_last_cell()
 {
     layout_screen screen(2);
     add_described(*screen.grid, "a b c");
@@ -100,7 +100,7 @@ void test_layout_answers::sizes_are_sums_data()
     QTest::addColumn<QSize>("hint");
     // clang-format off
     QTest::newRow("no lines") << lines{} << lines{} << QSize(0, 0) << QSize(0, 0);
-    QTest::newRow("an automatic line each") << lines{0} << lines{0} << QSize(0, 0) << QSize(20, 20);
+    QTest::newRow("one automatic line each") << lines{0} << lines{0} << QSize(0, 0) << QSize(20, 20);
     QTest::newRow("one row, two columns") << lines{50, 0} << lines{0}
                                           << QSize(50, 0) << QSize(20, 70);
     QTest::newRow("all fixed") << lines{50, 60} << lines{7, 8, 9}
@@ -152,7 +152,7 @@ void test_layout_answers::items_go_row_by_row()
     QCOMPARE(names, QString("acbd"));
 }
 
-void test_layout_answers::nothing_can_be_taken()
+void test_layout_answers::no_item_can_be_taken()
 {
     layout_screen screen(2);
     QVERIFY(!screen.grid->takeAt(0));
@@ -164,7 +164,7 @@ void test_layout_answers::nothing_can_be_taken()
     QCOMPARE(drawn(*screen.grid), QString("ab#|c##"));
 }
 
-void test_layout_answers::answers_the_rest_as_qt_does()
+void test_layout_answers::everything_else_is_as_in_qt()
 {
     layout_screen screen(2);
     QVERIFY(screen.grid->isEmpty());
@@ -200,7 +200,7 @@ void test_layout_answers::foreign_item_ends_the_program()
     QCOMPARE(result.output, QByteArray());
 }
 
-void test_layout_answers::last_line_of_no_lines_ends_the_program_data()
+void test_layout_answers::last_line_of_an_empty_layout_ends_the_program_data()
 {
     QTest::addColumn<QString>("way");
     QTest::newRow("row") << "row_height";
@@ -209,7 +209,7 @@ void test_layout_answers::last_line_of_no_lines_ends_the_program_data()
     QTest::newRow("last cell before the first column") << "negative_column";
 }
 
-void test_layout_answers::last_line_of_no_lines_ends_the_program()
+void test_layout_answers::last_line_of_an_empty_layout_ends_the_program()
 {
     QFETCH(QString, way);
     const program_result result = misuse(way);
@@ -223,7 +223,7 @@ void test_layout_answers::last_line_of_no_lines_ends_the_program()
     QCOMPARE(result.output, QByteArray());
 }
 
-void test_layout_answers::end_of_the_layout_leaves_all_widgets()
+void test_layout_answers::deleting_the_layout_keeps_all_widgets()
 {
     layout_screen screen(0);
     add_described(*screen.grid, "a b2x1");

@@ -12,17 +12,17 @@ class test_layout_filling : public QObject
     Q_OBJECT
 
 private slots:
-    void add_at_fills_the_grid_if_not_told_otherwise_data();
-    void add_at_fills_the_grid_if_not_told_otherwise();
-    void span_covers_what_stands_there();
-    void covered_cells_share_a_background_of_one_run();
-    void covered_cells_know_their_place();
-    void empty_cells_have_backgrounds_of_their_own();
+    void add_at_fills_the_grid_by_default_data();
+    void add_at_fills_the_grid_by_default();
+    void span_covers_existing_cells();
+    void covered_cells_of_a_run_share_a_background();
+    void covered_cells_have_their_position();
+    void empty_cells_have_their_own_backgrounds();
     void each_fill_makes_its_backgrounds_data();
     void each_fill_makes_its_backgrounds();
 };
 
-void test_layout_filling::add_at_fills_the_grid_if_not_told_otherwise_data()
+void test_layout_filling::add_at_fills_the_grid_by_default_data()
 {
     QTest::addColumn<bool>("skip_fill");
     QTest::addColumn<QString>("grid");
@@ -31,7 +31,7 @@ void test_layout_filling::add_at_fills_the_grid_if_not_told_otherwise_data()
 }
 
 // The new cell spans a column that the layout got from an earlier call.
-void test_layout_filling::add_at_fills_the_grid_if_not_told_otherwise()
+void test_layout_filling::add_at_fills_the_grid_by_default()
 {
     QFETCH(bool, skip_fill);
     layout_screen screen(0);
@@ -44,7 +44,7 @@ void test_layout_filling::add_at_fills_the_grid_if_not_told_otherwise()
     QCOMPARE(last_of(*screen.grid), QPoint(1, 1));
 }
 
-void test_layout_filling::span_covers_what_stands_there()
+void test_layout_filling::span_covers_existing_cells()
 {
     layout_screen screen(0);
     add_described(*screen.grid, "a b c* d e f");
@@ -58,7 +58,7 @@ void test_layout_filling::span_covers_what_stands_there()
     QCOMPARE(covered->parentWidget(), &screen.parent);
 }
 
-void test_layout_filling::covered_cells_share_a_background_of_one_run()
+void test_layout_filling::covered_cells_of_a_run_share_a_background()
 {
     layout_screen screen(3);
     add_described(*screen.grid, "a3x2");
@@ -78,7 +78,7 @@ void test_layout_filling::covered_cells_share_a_background_of_one_run()
     QCOMPARE(background_at(1, 2), second_run);
 }
 
-void test_layout_filling::covered_cells_know_their_place()
+void test_layout_filling::covered_cells_have_their_position()
 {
     layout_screen screen(0);
     add_described(*screen.grid, "a b2x3");
@@ -92,7 +92,7 @@ void test_layout_filling::covered_cells_know_their_place()
     QCOMPARE(covered.row_span, 1);
 }
 
-void test_layout_filling::empty_cells_have_backgrounds_of_their_own()
+void test_layout_filling::empty_cells_have_their_own_backgrounds()
 {
     layout_screen screen(0);
     screen.grid->add_at(named_cell("z"), 1, 1, false);

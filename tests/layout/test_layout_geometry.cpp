@@ -151,20 +151,20 @@ class test_layout_geometry : public QObject
     Q_OBJECT
 
 private slots:
-    void content_stands_in_its_slot_data();
-    void content_stands_in_its_slot();
-    void every_wish_is_placed_by_the_rule_data();
-    void every_wish_is_placed_by_the_rule();
+    void content_is_placed_in_its_slot_data();
+    void content_is_placed_in_its_slot();
+    void every_combination_is_placed_by_the_rule_data();
+    void every_combination_is_placed_by_the_rule();
     void automatic_lines_share_the_rest_data();
     void automatic_lines_share_the_rest();
-    void single_precision_decides_data();
-    void single_precision_decides();
+    void positions_are_computed_in_single_precision_data();
+    void positions_are_computed_in_single_precision();
     void slot_of_a_span_is_the_sum_data();
     void slot_of_a_span_is_the_sum();
-    void place_beyond_an_int_is_the_farthest();
+    void position_beyond_an_int_is_clamped();
 };
 
-void test_layout_geometry::content_stands_in_its_slot_data()
+void test_layout_geometry::content_is_placed_in_its_slot_data()
 {
     QTest::addColumn<Qt::Orientation>("axis");
     QTest::addColumn<side>("wish");
@@ -186,7 +186,7 @@ void test_layout_geometry::content_stands_in_its_slot_data()
         {"fixed, margin after of nothing", {50, -1, 0}, {180, 50}, {180, 50}},
         {"fixed, both margins: at the start", {50, 7, 9}, {30, 50}, {30, 50}},
         {"fixed, both margins of nothing", {50, 0, 0}, {30, 50}, {30, 50}},
-        {"fixed, padding widens the background alone", {50, -1, -1, 4, 6}, {105, 50}, {101, 60}},
+        {"fixed, padding widens only the background", {50, -1, -1, 4, 6}, {105, 50}, {101, 60}},
         {"fixed, both margins with padding", {50, 7, 9, 4, 6}, {30, 50}, {26, 60}},
         {"fixed, longer than the slot: centred", {260}, {0, 260}, {0, 260}},
         {"fixed, longer than the slot: over the edge", {270}, {-5, 270}, {-5, 270}},
@@ -205,7 +205,7 @@ void test_layout_geometry::content_stands_in_its_slot_data()
          {-1, 7.5f, 9.75f, 0.75f, 0.5f}, {38, 181}, {37, 182}},
         {"fills, margins longer than the slot", {-1, 150, 60}, {180, 0}, {180, 0}},
         {"fills, padding longer than the slot", {-1, -1, -1, 150, 60}, {180, 0}, {30, 200}},
-        {"shift moves the content alone", {50, -1, -1, 4, 6, 11}, {116, 50}, {101, 60}},
+        {"shift moves only the content", {50, -1, -1, 4, 6, 11}, {116, 50}, {101, 60}},
         {"shift back", {-1, 7, -1, 0, 0, -20}, {17, 193}, {37, 193}},
         {"shift over the edge", {-1, -1, -1, 0, 0, -35}, {-5, 200}, {30, 200}},
         {"shift is added before the cut", {-1, 0.5f, -1, 0, 0, -31}, {0, 199}, {30, 199}},
@@ -216,7 +216,7 @@ void test_layout_geometry::content_stands_in_its_slot_data()
                       [&](QTestData &data) { data << row.wish << row.content << row.background; });
 }
 
-void test_layout_geometry::content_stands_in_its_slot()
+void test_layout_geometry::content_is_placed_in_its_slot()
 {
     QFETCH(Qt::Orientation, axis);
     QFETCH(side, wish);
@@ -229,7 +229,7 @@ void test_layout_geometry::content_stands_in_its_slot()
     QTEST(screen.area_of(tested.background_widget()), "background");
 }
 
-void test_layout_geometry::every_wish_is_placed_by_the_rule_data()
+void test_layout_geometry::every_combination_is_placed_by_the_rule_data()
 {
     QTest::addColumn<Qt::Orientation>("axis");
     QTest::addColumn<int>("length");
@@ -251,7 +251,7 @@ void test_layout_geometry::every_wish_is_placed_by_the_rule_data()
     });
 }
 
-void test_layout_geometry::every_wish_is_placed_by_the_rule()
+void test_layout_geometry::every_combination_is_placed_by_the_rule()
 {
     QFETCH(Qt::Orientation, axis);
     QFETCH(int, length);
@@ -302,10 +302,10 @@ void test_layout_geometry::automatic_lines_share_the_rest_data()
     } rows[] = {
         // clang-format off
         {"one automatic line", 300, {0}, {{0, 300}}},
-        {"fixed lines leave the rest alone", 300, {50, 60}, {{0, 50}, {50, 60}}},
-        {"halves of a pixel are cut one by one", 301, {100, 0, 0}, {{0, 100}, {100, 100}, {200, 100}}},
+        {"fixed lines leave the rest empty", 300, {50, 60}, {{0, 50}, {50, 60}}},
+        {"half pixels are cut one by one", 301, {100, 0, 0}, {{0, 100}, {100, 100}, {200, 100}}},
         {"a fixed line between", 301, {0, 100, 0}, {{0, 100}, {100, 100}, {200, 100}}},
-        {"a fixed line behind", 301, {0, 0, 100}, {{0, 100}, {100, 100}, {201, 100}}},
+        {"a fixed line at the end", 301, {0, 0, 100}, {{0, 100}, {100, 100}, {201, 100}}},
         {"thirds", 200, {0, 0, 0}, {{0, 66}, {66, 66}, {133, 66}}},
         {"thirds add up in single precision", 130, {0, 0, 0, 30}, {{0, 33}, {33, 33}, {66, 33}, {100, 30}}},
         {"sixths add up to less in single precision", 130, {0, 0, 0, 0, 0, 0, 30},
@@ -340,7 +340,7 @@ void test_layout_geometry::automatic_lines_share_the_rest()
     QTEST(areas, "areas");
 }
 
-void test_layout_geometry::single_precision_decides_data()
+void test_layout_geometry::positions_are_computed_in_single_precision_data()
 {
     QTest::addColumn<Qt::Orientation>("axis");
     QTest::addColumn<int>("count");
@@ -356,7 +356,7 @@ void test_layout_geometry::single_precision_decides_data()
     });
 }
 
-void test_layout_geometry::single_precision_decides()
+void test_layout_geometry::positions_are_computed_in_single_precision()
 {
     QFETCH(Qt::Orientation, axis);
     QFETCH(int, count);
@@ -388,7 +388,7 @@ void test_layout_geometry::slot_of_a_span_is_the_sum_data()
         {"one line", 300, {30, 50, 60}, 1, {30, 50}},
         {"two fixed lines", 300, {30, 50, 60}, 2, {30, 110}},
         {"fixed and automatic", 300, {30, 50, 0, 70}, 3, {30, 270}},
-        {"halves of a pixel add up", 301, {100, 0, 0}, 2, {100, 201}},
+        {"half pixels add up", 301, {100, 0, 0}, 2, {100, 201}},
         {"no line", 300, {30, 50, 60}, 0, {30, 0}},
         {"less than no line", 300, {30, 50, 60}, -1, {30, 0}},
         {"beyond the lines: automatic ones", 300, {30, 0}, 2, {30, 540}},
@@ -417,7 +417,7 @@ void test_layout_geometry::slot_of_a_span_is_the_sum()
     QTEST(screen.area_of(tested.content), "expected");
 }
 
-void test_layout_geometry::place_beyond_an_int_is_the_farthest()
+void test_layout_geometry::position_beyond_an_int_is_clamped()
 {
     layout_screen screen(QSize(300, 200), 2);
     const cell far_right = screen.add(wishes_on(Qt::Horizontal, {50, 3e9f}));

@@ -10,9 +10,9 @@ class test_layout_grid : public QObject
     Q_OBJECT
 
 private slots:
-    void first_column_width_counts_for_its_cell_alone();
-    void both_axes_are_placed_at_once();
-    void rows_stand_below_each_other();
+    void first_column_width_applies_only_to_its_cell();
+    void both_axes_are_placed_together();
+    void rows_are_placed_below_each_other();
     void empty_cell_takes_no_room_in_its_row();
     void covered_cell_takes_no_room_in_its_row();
     void row_without_a_widget_takes_its_height();
@@ -20,7 +20,7 @@ private slots:
     void alignment_has_no_effect();
 };
 
-void test_layout_grid::first_column_width_counts_for_its_cell_alone()
+void test_layout_grid::first_column_width_applies_only_to_its_cell()
 {
     layout_screen screen(QSize(300, 100));
     cell wide;
@@ -29,7 +29,7 @@ void test_layout_grid::first_column_width_counts_for_its_cell_alone()
     const QWidget *spanning = screen.add(wide).content;
     cell next;
     next.new_line = true;
-    const QWidget *behind = screen.add(next).content;
+    const QWidget *following = screen.add(next).content;
     const QWidget *below = screen.add().content;
     const QWidget *second_below = screen.add().content;
     cell narrow;
@@ -39,13 +39,13 @@ void test_layout_grid::first_column_width_counts_for_its_cell_alone()
     screen.grid->row_heights = {20, 30};
     screen.pass();
     QCOMPARE(spanning->geometry(), QRect(0, 0, 150, 20));
-    QCOMPARE(behind->geometry(), QRect(150, 0, 70, 20));
+    QCOMPARE(following->geometry(), QRect(150, 0, 70, 20));
     QCOMPARE(below->geometry(), QRect(0, 20, 50, 30));
     QCOMPARE(second_below->geometry(), QRect(50, 20, 60, 30));
     QCOMPARE(third_below->geometry(), QRect(110, 20, 70, 30));
 }
 
-void test_layout_grid::both_axes_are_placed_at_once()
+void test_layout_grid::both_axes_are_placed_together()
 {
     layout_screen screen(QSize(300, 200));
     cell wishes;
@@ -64,7 +64,7 @@ void test_layout_grid::both_axes_are_placed_at_once()
     QCOMPARE(tested.background_widget()->geometry(), QRect(188, 12, 103, 188));
 }
 
-void test_layout_grid::rows_stand_below_each_other()
+void test_layout_grid::rows_are_placed_below_each_other()
 {
     layout_screen screen(QSize(301, 201), 2);
     QVector<QWidget *> widgets;

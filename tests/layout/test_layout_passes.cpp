@@ -41,22 +41,22 @@ class test_layout_passes : public QObject
 
 private slots:
     void sizes_are_fixed();
-    void size_below_zero_is_none();
+    void negative_size_means_none();
     void background_becomes_a_child_without_being_shown();
     void covered_cells_background_ends_in_the_last_place();
-    void content_is_raised_above_all();
-    void later_changes_of_a_cell_count();
+    void content_is_raised_to_the_top();
+    void later_changes_of_a_cell_take_effect();
     void one_size_gets_five_passes();
     void another_size_starts_the_count_again_data();
     void another_size_starts_the_count_again();
     void pass_without_a_parent_does_nothing();
     void parent_may_come_after_the_cells();
-    void pass_takes_a_lost_widget_back();
+    void pass_reparents_a_lost_widget();
     void widgets_die_with_the_parent();
     void window_is_laid_out_when_shown_and_resized();
-    void window_asks_for_what_the_layout_says();
+    void window_uses_the_layouts_size_hints();
     void layout_in_a_layout_is_laid_out();
-    void passes_come_to_an_end_by_themselves();
+    void passes_end_on_their_own();
 };
 
 void test_layout_passes::sizes_are_fixed()
@@ -72,7 +72,7 @@ void test_layout_passes::sizes_are_fixed()
     }
 }
 
-void test_layout_passes::size_below_zero_is_none()
+void test_layout_passes::negative_size_means_none()
 {
     layout_screen screen(QSize(100, 100));
     cell narrow;
@@ -115,7 +115,7 @@ void test_layout_passes::covered_cells_background_ends_in_the_last_place()
     QCOMPARE(shared->geometry(), QRect(180, 0, 70, 100));
 }
 
-void test_layout_passes::content_is_raised_above_all()
+void test_layout_passes::content_is_raised_to_the_top()
 {
     layout_screen screen(QSize(300, 100), 2, true);
     for (const char *name : {"a", "b", "c", "d"}) {
@@ -135,7 +135,7 @@ void test_layout_passes::content_is_raised_above_all()
                  {"behind a", "behind c", "behind b", "behind d", "stranger", "a", "c", "b", "d"}));
 }
 
-void test_layout_passes::later_changes_of_a_cell_count()
+void test_layout_passes::later_changes_of_a_cell_take_effect()
 {
     layout_screen screen(QSize(300, 100));
     cell &stored = screen.add();
@@ -224,7 +224,7 @@ void test_layout_passes::parent_may_come_after_the_cells()
     QCOMPARE(added.background_widget()->geometry(), QRect(0, 0, 300, 100));
 }
 
-void test_layout_passes::pass_takes_a_lost_widget_back()
+void test_layout_passes::pass_reparents_a_lost_widget()
 {
     layout_screen screen(QSize(300, 100));
     QWidget elsewhere;
@@ -274,7 +274,7 @@ void test_layout_passes::window_is_laid_out_when_shown_and_resized()
     QCOMPARE(widgets[2]->geometry(), QRect(0, 260, 100, 40));
 }
 
-void test_layout_passes::window_asks_for_what_the_layout_says()
+void test_layout_passes::window_uses_the_layouts_size_hints()
 {
     layout_screen screen(QSize(300, 200), 2);
     screen.add();
@@ -310,7 +310,7 @@ void test_layout_passes::layout_in_a_layout_is_laid_out()
 }
 
 // Each pass fixes sizes, which makes Qt request the next pass.
-void test_layout_passes::passes_come_to_an_end_by_themselves()
+void test_layout_passes::passes_end_on_their_own()
 {
     layout_screen screen(QSize(300, 100));
     QWidget *content = screen.add().content;

@@ -111,23 +111,23 @@ class test_layout_properties : public QObject
     Q_OBJECT
 
 private slots:
-    void kinds_are_numbered_in_their_order();
-    void kind_changes_this_and_nothing_else_data();
-    void kind_changes_this_and_nothing_else();
+    void kinds_are_numbered_in_order();
+    void kind_changes_nothing_else_data();
+    void kind_changes_nothing_else();
     void kind_takes_negative_and_zero_numbers();
     void last_of_fewer_numbers_is_repeated();
     void one_number_is_for_all_sides_of_the_cell();
     void background_gets_its_sheets_appended();
-    void cell_without_a_background_is_spared();
-    void keep_takes_the_size_at_that_moment();
+    void cell_without_a_background_stays_without();
+    void keep_uses_the_current_size();
     void later_property_wins();
-    void lists_are_joined_in_their_order();
+    void lists_are_joined_in_order();
     void unknown_kind_is_skipped();
-    void value_lives_until_its_kind_is_written_again();
+    void value_is_kept_until_its_kind_is_set_again();
     void empty_list_changes_nothing();
 };
 
-void test_layout_properties::kinds_are_numbered_in_their_order()
+void test_layout_properties::kinds_are_numbered_in_order()
 {
     // clang-format off
     const std::vector<qor::property *> kinds = {
@@ -153,7 +153,7 @@ void test_layout_properties::kinds_are_numbered_in_their_order()
 }
 
 // clang-format off
-void test_layout_properties::kind_changes_this_and_nothing_else_data()
+void test_layout_properties::kind_changes_nothing_else_data()
 {
     QTest::addColumn<writing>("write");
     QTest::addColumn<QStringList>("effect");
@@ -199,7 +199,7 @@ void test_layout_properties::kind_changes_this_and_nothing_else_data()
 }
 // clang-format on
 
-void test_layout_properties::kind_changes_this_and_nothing_else()
+void test_layout_properties::kind_changes_nothing_else()
 {
     QFETCH(writing, write);
     QFETCH(QStringList, effect);
@@ -260,7 +260,7 @@ void test_layout_properties::background_gets_its_sheets_appended()
                      "background-color:none;background-image:none;"));
 }
 
-void test_layout_properties::cell_without_a_background_is_spared()
+void test_layout_properties::cell_without_a_background_stays_without()
 {
     placed_content content;
     delete content.placed.background;
@@ -270,7 +270,7 @@ void test_layout_properties::cell_without_a_background_is_spared()
              QStringList());
 }
 
-void test_layout_properties::keep_takes_the_size_at_that_moment()
+void test_layout_properties::keep_uses_the_current_size()
 {
     placed_content content;
     content.placed.apply({&properties::keep_size});
@@ -295,7 +295,7 @@ void test_layout_properties::later_property_wins()
     QCOMPARE(target.shift_y, 6);
 }
 
-void test_layout_properties::lists_are_joined_in_their_order()
+void test_layout_properties::lists_are_joined_in_order()
 {
     const property_list first = {properties::margin(1, 2, 3, 4), properties::width(5)};
     const property_list second = {properties::margin_left(9)};
@@ -319,7 +319,7 @@ void test_layout_properties::unknown_kind_is_skipped()
              QStringList({"height=6", "width=5"}));
 }
 
-void test_layout_properties::value_lives_until_its_kind_is_written_again()
+void test_layout_properties::value_is_kept_until_its_kind_is_set_again()
 {
     const property_list list = {properties::margin(1, 2, 3, 4), properties::width(5)};
     cell first;

@@ -114,10 +114,10 @@ const QVector<slide_row> &slides()
         {"down past the target", 100, 50, 0.1f, {80, 60, 50}},
         {"up past the target", 50, 100, 0.1f, {70, 90, 100}},
         {"at least one step", 100, 99, 0.03f, {99, 99}},
-        {"the first step passes", 100, 40, 0.01f, {40}},
+        {"the first step passes the target", 100, 40, 0.01f, {40}},
         {"the shortest time", 100, 40, std::numeric_limits<float>::denorm_min(), {40}},
         {"no time", 100, 40, 0, {40}},
-        {"less than no time", 40, 100, -1, {100}},
+        {"negative time", 40, 100, -1, {100}},
         {"already there", 100, 100, 0.12f, {}},
         {"already there, no time", 100, 100, 0, {}},
         // clang-format on
@@ -132,7 +132,7 @@ class test_slide : public QObject
     Q_OBJECT
 
 private slots:
-    void each_step_takes_its_share_of_a_second();
+    void each_step_takes_a_25th_of_a_second();
     void row_slides_to_its_target_data();
     void row_slides_to_its_target();
     void column_slides_unpainted_data();
@@ -140,19 +140,19 @@ private slots:
     void size_slides_on_both_axes_data();
     void size_slides_on_both_axes();
     void other_lines_stay();
-    void automatic_line_starts_at_nothing();
+    void automatic_line_starts_at_zero();
     void negative_line_is_the_last();
-    void line_beyond_the_end_is_made();
+    void line_beyond_the_end_is_created();
     void target_may_be_automatic();
-    void any_way_leads_to_the_target_data();
-    void any_way_leads_to_the_target();
-    void window_keeps_the_size_that_it_had();
-    void slides_in_a_layout_inside();
+    void every_slide_ends_at_its_target_data();
+    void every_slide_ends_at_its_target();
+    void window_keeps_its_size();
+    void slides_in_a_nested_layout();
     void moves_the_dialog_and_not_its_owner();
 };
 
 /// A slide that doesn't wait between its steps would end immediately.
-void test_slide::each_step_takes_its_share_of_a_second()
+void test_slide::each_step_takes_a_25th_of_a_second()
 {
     constexpr int steps = 3;
     constexpr int step_ms = 40;
@@ -275,7 +275,7 @@ void test_slide::other_lines_stay()
     QCOMPARE(screen.grid->column_widths, std::vector<int>({70, 20}));
 }
 
-void test_slide::automatic_line_starts_at_nothing()
+void test_slide::automatic_line_starts_at_zero()
 {
     sliding_window screen({70, 100});
     QVERIFY(screen.show());
@@ -301,7 +301,7 @@ void test_slide::negative_line_is_the_last()
     QCOMPARE(screen.grid->column_widths, std::vector<int>({70, 30}));
 }
 
-void test_slide::line_beyond_the_end_is_made()
+void test_slide::line_beyond_the_end_is_created()
 {
     sliding_window screen({70, 60});
     QVERIFY(screen.show());
@@ -324,7 +324,7 @@ void test_slide::target_may_be_automatic()
     QCOMPARE(events.seen, frames({{70, 100}}, true));
 }
 
-void test_slide::any_way_leads_to_the_target_data()
+void test_slide::every_slide_ends_at_its_target_data()
 {
     constexpr int greatest = std::numeric_limits<int>::max();
     constexpr int least = std::numeric_limits<int>::min();
@@ -337,7 +337,7 @@ void test_slide::any_way_leads_to_the_target_data()
 }
 
 /// The window isn't shown, since on a screen it couldn't become this large.
-void test_slide::any_way_leads_to_the_target()
+void test_slide::every_slide_ends_at_its_target()
 {
     QFETCH(int, start);
     QFETCH(int, target);
@@ -348,7 +348,7 @@ void test_slide::any_way_leads_to_the_target()
     }
 }
 
-void test_slide::window_keeps_the_size_that_it_had()
+void test_slide::window_keeps_its_size()
 {
     sliding_window screen({70, 60});
     QVERIFY(screen.show());
@@ -361,7 +361,7 @@ void test_slide::window_keeps_the_size_that_it_had()
     QCOMPARE(events.seen, frame + frame);
 }
 
-void test_slide::slides_in_a_layout_inside()
+void test_slide::slides_in_a_nested_layout()
 {
     sliding_window screen({70, 60});
     auto *inner = new qor::qt::layout(1, false);

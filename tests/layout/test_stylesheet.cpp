@@ -57,19 +57,19 @@ private slots:
     void declarations_are_read_data();
     void declarations_are_read();
     void group_without_a_selector_is_always_there();
-    void set_adds_to_what_is_there();
+    void set_adds_to_existing_declarations();
     void set_reads_utf_8();
-    void set_leaves_other_groups_alone();
-    void sheet_comes_out_sorted_by_bytes_data();
-    void sheet_comes_out_sorted_by_bytes();
-    void selectors_come_out_in_braces();
+    void set_does_not_change_other_groups();
+    void sheet_is_written_sorted_by_bytes_data();
+    void sheet_is_written_sorted_by_bytes();
+    void selectors_are_written_with_braces();
     void groups_without_declarations_are_skipped();
-    void sheet_is_applied_in_place_of_the_widgets();
-    void style_is_put_over_the_widgets_data();
-    void style_is_put_over_the_widgets();
-    void style_never_grows_by_repetition();
-    void merge_goes_declaration_by_declaration_data();
-    void merge_goes_declaration_by_declaration();
+    void applied_sheet_replaces_the_widgets_sheet();
+    void style_is_merged_into_the_widgets_sheet_data();
+    void style_is_merged_into_the_widgets_sheet();
+    void repeated_style_adds_nothing();
+    void merge_works_by_declaration_data();
+    void merge_works_by_declaration();
     void merge_that_ends_early_does_not_set_the_sheet_data();
     void merge_that_ends_early_does_not_set_the_sheet();
     void merge_sets_the_sheet_once();
@@ -83,25 +83,25 @@ void test_stylesheet::declarations_are_read_data()
     QTest::newRow("nothing") << "" << QStringList{};
     QTest::newRow("one") << "color:red;" << QStringList{"color=red"};
     QTest::newRow("last one without a semicolon") << "color:red;margin:1px" << QStringList{"color=red", "margin=1px"};
-    QTest::newRow("semicolons alone") << ";;" << QStringList{};
+    QTest::newRow("only semicolons") << ";;" << QStringList{};
     QTest::newRow("empty pieces between") << ";color:red;;margin:1px;;" << QStringList{"color=red", "margin=1px"};
     QTest::newRow("piece without a colon is dropped") << "color;margin:1px;" << QStringList{"margin=1px"};
     QTest::newRow("piece without a value is dropped") << "color:;margin:1px;" << QStringList{"margin=1px"};
     QTest::newRow("last piece without a value is dropped") << "margin:1px;color:" << QStringList{"margin=1px"};
     QTest::newRow("piece without a name is dropped") << ":red;margin:1px;" << QStringList{"margin=1px"};
-    QTest::newRow("colon alone is dropped") << ":;margin:1px;" << QStringList{"margin=1px"};
-    QTest::newRow("colons alone are dropped") << "::;margin:1px;" << QStringList{"margin=1px"};
+    QTest::newRow("only a colon is dropped") << ":;margin:1px;" << QStringList{"margin=1px"};
+    QTest::newRow("only colons are dropped") << "::;margin:1px;" << QStringList{"margin=1px"};
     QTest::newRow("dropped piece keeps the earlier value") << "color:red;color:;" << QStringList{"color=red"};
     QTest::newRow("value with a colon is kept whole") << "border-image:url(:/gui/panel/border.png) 3 stretch;" << QStringList{"border-image=url(:/gui/panel/border.png) 3 stretch"};
     QTest::newRow("value with several colons") << "a:b:c:d;" << QStringList{"a=b:c:d"};
     QTest::newRow("value that starts with a colon") << "a::b;" << QStringList{"a=:b"};
     QTest::newRow("value that ends in a colon") << "a:b:;" << QStringList{"a=b:"};
     QTest::newRow("later one wins") << "color:red;margin:1px;color:blue;" << QStringList{"color=blue", "margin=1px"};
-    QTest::newRow("blanks are kept") << " color : red ;" << QStringList{" color = red "};
+    QTest::newRow("spaces are kept") << " color : red ;" << QStringList{" color = red "};
     QTest::newRow("line ends are kept") << "\ncolor:red\n;" << QStringList{"\ncolor=red\n"};
-    QTest::newRow("blanks alone are a name and a value") << " : ;" << QStringList{" = "};
-    QTest::newRow("name with a blank before it is another") << "color:red; color:blue;" << QStringList{" color=blue", "color=red"};
-    QTest::newRow("name in upper case is another") << "color:red;Color:blue;" << QStringList{"Color=blue", "color=red"};
+    QTest::newRow("only spaces are a name and a value") << " : ;" << QStringList{" = "};
+    QTest::newRow("name with a leading space is another name") << "color:red; color:blue;" << QStringList{" color=blue", "color=red"};
+    QTest::newRow("name in upper case is another name") << "color:red;Color:blue;" << QStringList{"Color=blue", "color=red"};
     QTest::newRow("beyond ASCII") << QString::fromUtf8("größe:ö€😀;") << QStringList{QString::fromUtf8("größe=ö€😀")};
     QTest::newRow("braces mean nothing") << "QLabel{color:red;}" << QStringList{"QLabel{color=red"};
 }
@@ -127,7 +127,7 @@ void test_stylesheet::group_without_a_selector_is_always_there()
     QVERIFY(sheet.groups.at("").empty());
 }
 
-void test_stylesheet::set_adds_to_what_is_there()
+void test_stylesheet::set_adds_to_existing_declarations()
 {
     stylesheet sheet("color:red;margin:1px;");
     sheet.set("padding:2px;color:blue;margin:;border");
@@ -143,7 +143,7 @@ void test_stylesheet::set_reads_utf_8()
              std::string("\xC3\xB6"));
 }
 
-void test_stylesheet::set_leaves_other_groups_alone()
+void test_stylesheet::set_does_not_change_other_groups()
 {
     stylesheet sheet("color:red;");
     sheet.groups["QLabel"]["color"] = "green";
@@ -153,7 +153,7 @@ void test_stylesheet::set_leaves_other_groups_alone()
 }
 
 // clang-format off
-void test_stylesheet::sheet_comes_out_sorted_by_bytes_data()
+void test_stylesheet::sheet_is_written_sorted_by_bytes_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("expected");
@@ -162,20 +162,20 @@ void test_stylesheet::sheet_comes_out_sorted_by_bytes_data()
     QTest::newRow("by name, not by value") << "margin:1px;color:red;border:none;" << "border:none;color:red;margin:1px;";
     QTest::newRow("beginning of another name first") << "border-image:b;border:a;" << "border:a;border-image:b;";
     QTest::newRow("upper case before lower case") << "a:1;Z:2;" << "Z:2;a:1;";
-    QTest::newRow("blank before all letters") << "A:1; z:2;" << " z:2;A:1;";
-    QTest::newRow("beyond ASCII behind all of ASCII") << QString::fromUtf8("ä:1;z:2;~:3;") << QString::fromUtf8("z:2;~:3;ä:1;");
+    QTest::newRow("space before all letters") << "A:1; z:2;" << " z:2;A:1;";
+    QTest::newRow("beyond ASCII after all of ASCII") << QString::fromUtf8("ä:1;z:2;~:3;") << QString::fromUtf8("z:2;~:3;ä:1;");
     QTest::newRow("by UTF-8, not by UTF-16") << QString::fromUtf8("😀:1;Ａ:2;") << QString::fromUtf8("Ａ:2;😀:1;");
 }
 // clang-format on
 
-void test_stylesheet::sheet_comes_out_sorted_by_bytes()
+void test_stylesheet::sheet_is_written_sorted_by_bytes()
 {
     QFETCH(QString, text);
     QFETCH(QString, expected);
     QCOMPARE(QString::fromStdString(stylesheet(text).to_string()), expected);
 }
 
-void test_stylesheet::selectors_come_out_in_braces()
+void test_stylesheet::selectors_are_written_with_braces()
 {
     stylesheet sheet("margin:1px;color:red;");
     sheet.groups["QLabel"]["color"] = "green";
@@ -195,7 +195,7 @@ void test_stylesheet::groups_without_declarations_are_skipped()
     QCOMPARE(sheet.to_string(), std::string("QWidget{color:red;}\n"));
 }
 
-void test_stylesheet::sheet_is_applied_in_place_of_the_widgets()
+void test_stylesheet::applied_sheet_replaces_the_widgets_sheet()
 {
     QWidget widget;
     widget.setStyleSheet("margin:1px;");
@@ -206,7 +206,7 @@ void test_stylesheet::sheet_is_applied_in_place_of_the_widgets()
 }
 
 // clang-format off
-void test_stylesheet::style_is_put_over_the_widgets_data()
+void test_stylesheet::style_is_merged_into_the_widgets_sheet_data()
 {
     QTest::addColumn<QString>("present");
     QTest::addColumn<QString>("style");
@@ -221,7 +221,7 @@ void test_stylesheet::style_is_put_over_the_widgets_data()
 }
 // clang-format on
 
-void test_stylesheet::style_is_put_over_the_widgets()
+void test_stylesheet::style_is_merged_into_the_widgets_sheet()
 {
     QFETCH(QString, present);
     QFETCH(QString, style);
@@ -232,7 +232,7 @@ void test_stylesheet::style_is_put_over_the_widgets()
     QCOMPARE(widget.styleSheet(), expected);
 }
 
-void test_stylesheet::style_never_grows_by_repetition()
+void test_stylesheet::repeated_style_adds_nothing()
 {
     QWidget widget;
     for (int i = 0; i < 3; ++i) {
@@ -243,7 +243,7 @@ void test_stylesheet::style_never_grows_by_repetition()
 }
 
 // clang-format off
-void test_stylesheet::merge_goes_declaration_by_declaration_data()
+void test_stylesheet::merge_works_by_declaration_data()
 {
     QTest::addColumn<QString>("present");
     QTest::addColumn<QString>("addition");
@@ -252,7 +252,7 @@ void test_stylesheet::merge_goes_declaration_by_declaration_data()
     QTest::newRow("empty addition") << "a:1" << "" << "a:1" << "";
     QTest::newRow("semicolon is added") << "" << "a:1" << "a:1;" << "a:1;";
     QTest::newRow("semicolon is there") << "" << "a:1;" << "a:1;" << "a:1;";
-    QTest::newRow("semicolon followed by a blank isn't the last") << "" << "a:1; " << "a:1; ;" << "a:1; ;";
+    QTest::newRow("semicolon followed by a space isn't the last") << "" << "a:1; " << "a:1; ;" << "a:1; ;";
     QTest::newRow("semicolon at the start is a declaration") << "a:1;" << ";a:2;" << "a:2;;" << ";a:2;";
     QTest::newRow("not found goes to the end") << "b:2;" << "a:1;" << "b:2;a:1;" << "a:1;";
     QTest::newRow("several go to the end in their order") << "z:1;" << "b:2;a:1;" << "z:1;b:2;a:1;" << "b:2;a:1;";
@@ -261,7 +261,7 @@ void test_stylesheet::merge_goes_declaration_by_declaration_data()
     QTest::newRow("several are replaced") << "a:1;b:2;" << "b:8;a:9" << "a:9;b:8;" << "b:8;a:9;";
     QTest::newRow("replaced and added") << "a:1;b:2;" << "b:8;c:3;" << "a:1;b:8;c:3;" << "b:8;c:3;";
     QTest::newRow("first place of several") << "a:1;b:2;a:3;" << "a:4;" << "a:4;b:2;a:3;" << "a:4;";
-    QTest::newRow("search starts anew each time") << "a:1;b:2;" << "b:8;a:9;b:7;" << "a:9;b:7;" << "b:8;a:9;b:7;";
+    QTest::newRow("search starts again each time") << "a:1;b:2;" << "b:8;a:9;b:7;" << "a:9;b:7;" << "b:8;a:9;b:7;";
     QTest::newRow("own earlier declaration is found") << "" << "a:1;a:2;" << "a:2;" << "a:1;a:2;";
     QTest::newRow("inside another name") << "background-color:red;" << "color:blue;" << "background-color:blue;" << "color:blue;";
     QTest::newRow("inside another name before its own") << "background-color:red;color:green;" << "color:blue;" << "background-color:blue;color:green;" << "color:blue;";
@@ -269,8 +269,8 @@ void test_stylesheet::merge_goes_declaration_by_declaration_data()
     QTest::newRow("not the beginning of another name") << "border-image:none;" << "border:none;" << "border-image:none;border:none;" << "border:none;";
     QTest::newRow("upper case isn't found") << "Color:red;" << "color:blue;" << "Color:red;color:blue;" << "color:blue;";
     QTest::newRow("plain text, no pattern") << "axb:1;" << "a.b:2;" << "axb:1;a.b:2;" << "a.b:2;";
-    QTest::newRow("blank belongs to the name") << "a:1;" << " a:2;" << "a:1; a:2;" << " a:2;";
-    QTest::newRow("blank before the found name stays") << " a:1;" << "a:2;" << " a:2;" << "a:2;";
+    QTest::newRow("space belongs to the name") << "a:1;" << " a:2;" << "a:1; a:2;" << " a:2;";
+    QTest::newRow("space before the found name stays") << " a:1;" << "a:2;" << " a:2;" << "a:2;";
     QTest::newRow("value with a colon") << "border-image:url(:/a.png);" << "border-image:url(:/b.png);" << "border-image:url(:/b.png);" << "border-image:url(:/b.png);";
     QTest::newRow("sheet without its last semicolon, found") << "b:2;a:1" << "a:3;" << "b:2;a:3;" << "a:3;";
     QTest::newRow("sheet without its last semicolon, the same value") << "a:1" << "a:1;" << "a:1;" << "a:1;";
@@ -287,7 +287,7 @@ void test_stylesheet::merge_goes_declaration_by_declaration_data()
 }
 // clang-format on
 
-void test_stylesheet::merge_goes_declaration_by_declaration()
+void test_stylesheet::merge_works_by_declaration()
 {
     QFETCH(QString, present);
     QFETCH(QString, addition);
@@ -305,7 +305,7 @@ void test_stylesheet::merge_that_ends_early_does_not_set_the_sheet_data()
     QTest::addColumn<QString>("addition");
     QTest::newRow("empty addition") << "";
     QTest::newRow("unchanged declaration") << "color:red;";
-    QTest::newRow("unchanged declaration behind another") << "margin:1px;color:red;";
+    QTest::newRow("unchanged declaration after another") << "margin:1px;color:red;";
 }
 
 void test_stylesheet::merge_that_ends_early_does_not_set_the_sheet()

@@ -74,7 +74,7 @@ public:
     QWidget panel{&window};
     qor::qt::layout *outer = new qor::qt::layout(&panel, 1, false);
     QPushButton making_button{"make", &panel};
-    std::function<void(widget_fold &)> behind_making;
+    std::function<void(widget_fold &)> after_making;
 
 private:
     void add_section()
@@ -82,8 +82,8 @@ private:
         section = make();
         outer->add(section, {}, {properties::row_height(row_height)});
         section->show();
-        if (behind_making)
-            behind_making(*section);
+        if (after_making)
+            after_making(*section);
     }
 
     maker make;
@@ -148,27 +148,27 @@ class test_widget_fold : public QObject
 
 private slots:
     void starts_open();
-    void layouts_stand_in_the_section();
+    void layouts_are_in_the_section();
     void title_is_a_label_if_not_empty_data();
     void title_is_a_label_if_not_empty();
-    void makes_a_button_of_its_own();
-    void speaks_german_too();
+    void makes_its_own_button();
+    void button_is_german_with_the_catalogue();
     void late_step_comes_a_millisecond_later();
-    void takes_a_button_over();
-    void button_column_is_as_wide_as_the_button_asks_data();
-    void button_column_is_as_wide_as_the_button_asks();
+    void uses_a_given_button();
+    void button_column_has_the_buttons_hinted_width_data();
+    void button_column_has_the_buttons_hinted_width();
     void is_resized_when_made();
     void content_gets_the_height_of_the_row_later();
     void content_gets_the_height_of_its_own_row_if_clicked_at_once();
-    void late_step_passes_a_dead_section_by();
+    void late_step_ignores_a_deleted_section();
     void click_folds_and_opens_data();
     void click_folds_and_opens();
     void opens_to_the_height_before_the_last_folding();
-    void slides_in_its_time();
-    void tells_the_inverse_of_its_state();
-    void passed_button_keeps_its_text();
+    void slides_for_the_given_time();
+    void reports_the_inverse_of_its_state();
+    void given_button_keeps_its_text();
     void each_section_moves_its_own_row();
-    void cell_is_never_kept();
+    void cell_is_never_stored();
     void section_without_a_cell_ends_the_program_data();
     void section_without_a_cell_ends_the_program();
 };
@@ -193,7 +193,7 @@ void test_widget_fold::starts_open()
         QVERIFY(!each->column_major);
 }
 
-void test_widget_fold::layouts_stand_in_the_section()
+void test_widget_fold::layouts_are_in_the_section()
 {
     fold_window screen;
     const widget_fold *section = screen.click_for_section();
@@ -249,7 +249,7 @@ void test_widget_fold::title_is_a_label_if_not_empty()
     QTEST(texts, "texts");
 }
 
-void test_widget_fold::makes_a_button_of_its_own()
+void test_widget_fold::makes_its_own_button()
 {
     fold_window screen;
     const widget_fold *section = screen.click_for_section();
@@ -264,7 +264,7 @@ void test_widget_fold::makes_a_button_of_its_own()
     QCOMPARE(section->main_layout->column_widths, std::vector<int>({hinted_width - 20, 0}));
 }
 
-void test_widget_fold::speaks_german_too()
+void test_widget_fold::button_is_german_with_the_catalogue()
 {
     const german_catalogues german;
     fold_window screen;
@@ -282,14 +282,14 @@ void test_widget_fold::late_step_comes_a_millisecond_later()
 {
     fold_window screen;
     int interval = -1;
-    screen.behind_making = [&interval](widget_fold &) { interval = late_step_interval(); };
+    screen.after_making = [&interval](widget_fold &) { interval = late_step_interval(); };
     const widget_fold *section = screen.click_for_section();
     QVERIFY(section);
     QCOMPARE(interval, 1);
     QVERIFY(wait_for_late_step(section));
 }
 
-void test_widget_fold::takes_a_button_over()
+void test_widget_fold::uses_a_given_button()
 {
     QWidget elsewhere;
     auto *button = new QPushButton("Words", &elsewhere);
@@ -303,7 +303,7 @@ void test_widget_fold::takes_a_button_over()
     QCOMPARE(section->findChildren<QPushButton *>(), QList<QPushButton *>({button}));
 }
 
-void test_widget_fold::button_column_is_as_wide_as_the_button_asks_data()
+void test_widget_fold::button_column_has_the_buttons_hinted_width_data()
 {
     QTest::addColumn<int>("hint");
     QTest::addColumn<int>("width");
@@ -313,7 +313,7 @@ void test_widget_fold::button_column_is_as_wide_as_the_button_asks_data()
     QTest::newRow("no hint: the height when folded") << 0 << fold_height;
 }
 
-void test_widget_fold::button_column_is_as_wide_as_the_button_asks()
+void test_widget_fold::button_column_has_the_buttons_hinted_width()
 {
     QFETCH(int, hint);
     fold_window screen(
@@ -358,24 +358,24 @@ void test_widget_fold::content_gets_the_height_of_the_row_later()
 void test_widget_fold::content_gets_the_height_of_its_own_row_if_clicked_at_once()
 {
     fold_window screen;
-    screen.behind_making = [](widget_fold &section) { section.button->click(); };
+    screen.after_making = [](widget_fold &section) { section.button->click(); };
     const widget_fold *section = screen.click_for_section();
     QVERIFY(section);
     QVERIFY(section->is_folded);
     QTRY_COMPARE(content_cell(section).height, float(fold_height));
 }
 
-void test_widget_fold::late_step_passes_a_dead_section_by()
+void test_widget_fold::late_step_ignores_a_deleted_section()
 {
     fold_window screen;
-    QPointer<widget_fold> dead;
-    screen.behind_making = [&](widget_fold &section) {
-        dead = new widget_fold("", nullptr, 0, section.fold_height);
-        delete dead;
+    QPointer<widget_fold> deleted;
+    screen.after_making = [&](widget_fold &section) {
+        deleted = new widget_fold("", nullptr, 0, section.fold_height);
+        delete deleted;
     };
     const widget_fold *section = screen.click_for_section();
     QVERIFY(section);
-    QVERIFY(!dead);
+    QVERIFY(!deleted);
     // Of two timers that are due at the same time, the older one fires first.
     bool both_ran = false;
     QTimer::singleShot(1, [&] { both_ran = true; });
@@ -433,7 +433,7 @@ void test_widget_fold::opens_to_the_height_before_the_last_folding()
     QCOMPARE(screen.section_row(), 70);
 }
 
-void test_widget_fold::slides_in_its_time()
+void test_widget_fold::slides_for_the_given_time()
 {
     fold_window screen([] { return new widget_fold("Title", nullptr, 0.12, 30); });
     widget_fold *section = screen.click_for_section();
@@ -451,23 +451,23 @@ void test_widget_fold::slides_in_its_time()
                                       "90 fold", "90 fold", "90 fold"}));
 }
 
-void test_widget_fold::tells_the_inverse_of_its_state()
+void test_widget_fold::reports_the_inverse_of_its_state()
 {
     fold_window screen;
     widget_fold *section = screen.click_for_section();
     QVERIFY(section);
     QVERIFY(wait_for_late_step(section));
-    QStringList told;
+    QStringList reported;
     connect(section, &widget_fold::folded, this, [&](bool closed) {
-        told << QString("%1 at %2").arg(closed ? "true" : "false").arg(screen.section_row());
+        reported << QString("%1 at %2").arg(closed ? "true" : "false").arg(screen.section_row());
     });
     click(section);
-    QCOMPARE(told, QStringList({"false at 25"}));
+    QCOMPARE(reported, QStringList({"false at 25"}));
     click(section);
-    QCOMPARE(told, QStringList({"false at 25", "true at 90"}));
+    QCOMPARE(reported, QStringList({"false at 25", "true at 90"}));
 }
 
-void test_widget_fold::passed_button_keeps_its_text()
+void test_widget_fold::given_button_keeps_its_text()
 {
     fold_window screen(
         [] { return new widget_fold("Title", new QPushButton("Words"), 0, fold_height); });
@@ -498,7 +498,7 @@ void test_widget_fold::each_section_moves_its_own_row()
     QCOMPARE(screen.outer->row_heights, std::vector<int>({30, fold_height, row_height}));
 }
 
-void test_widget_fold::cell_is_never_kept()
+void test_widget_fold::cell_is_never_stored()
 {
     fold_window screen;
     widget_fold *section = screen.click_for_section();

@@ -62,29 +62,29 @@ private slots:
     void init();
     void dead_tool_leaves_the_request_waiting_data();
     void dead_tool_leaves_the_request_waiting();
-    void words_of_a_dying_tool_are_relayed();
+    void output_of_a_dying_tool_is_relayed();
     void tool_that_died_before_leaves_the_request_waiting_data();
     void tool_that_died_before_leaves_the_request_waiting();
     void tool_that_ended_at_its_start_leaves_the_request_waiting_data();
     void tool_that_ended_at_its_start_leaves_the_request_waiting();
     void quiet_hides_that_the_tool_has_died();
-    void line_behind_the_marker_keeps_the_request_waiting_data();
-    void line_behind_the_marker_keeps_the_request_waiting();
+    void line_after_the_marker_keeps_the_request_waiting_data();
+    void line_after_the_marker_keeps_the_request_waiting();
     void failed_writes_count_backwards_data();
     void failed_writes_count_backwards();
     void refused_writes_count_as_nothing_data();
     void refused_writes_count_as_nothing();
-    void words_before_the_first_request_are_relayed_with_it();
+    void errors_before_the_first_request_are_relayed_with_it();
     void output_before_the_first_request_belongs_to_its_reply();
-    void many_words_of_the_real_tool_dont_block_it();
-    void many_words_of_the_real_tool_are_kept_from_a_quiet_program();
+    void large_output_of_the_real_tool_doesnt_block_it();
+    void large_output_of_the_real_tool_is_hidden_by_quiet();
     void pipe_is_missing_or_waited_for_data();
     void pipe_is_missing_or_waited_for();
     void pipe_for_the_temporary_file_is_reported_or_waited_for();
 
 private:
-    void verify_waits_without_an_end(const QStringList &commands, const QByteArray &said);
-    void many_words_of_the_real_tool(const QStringList &commands, const QByteArray &words);
+    void verify_waits_forever(const QStringList &commands, const QByteArray &expected);
+    void large_output_of_the_real_tool(const QStringList &commands, const QByteArray &messages);
 
     std::unique_ptr<scripted_tool> tool;
     std::unique_ptr<isolated_program> folder;
@@ -97,13 +97,13 @@ void test_exiftool_faults::init()
     folder = std::make_unique<isolated_program>(TOOL_SESSION_PROGRAM);
 }
 
-/// Verifies that a session of these commands prints `said`, and then nothing but warnings.
-void test_exiftool_faults::verify_waits_without_an_end(const QStringList &commands,
-                                                       const QByteArray &said)
+/// Verifies that a session of these commands prints `expected`, and then nothing but warnings.
+void test_exiftool_faults::verify_waits_forever(const QStringList &commands,
+                                                const QByteArray &expected)
 {
     hanging_session session(folder->program_path(), commands);
-    QVERIFY(session.warns_without_an_end());
-    QCOMPARE(session.said, said);
+    QVERIFY(session.warns_endlessly());
+    QCOMPARE(session.printed, expected);
     QCOMPARE(session.errors, QByteArray());
 }
 
@@ -139,15 +139,15 @@ void test_exiftool_faults::dead_tool_leaves_the_request_waiting()
     QFETCH(QStringList, script);
     folder->use_stand_in();
     tool->script("1", script);
-    verify_waits_without_an_end(commands, QByteArray());
+    verify_waits_forever(commands, QByteArray());
     QCOMPARE(tool->process_ids().size(), 1);
 }
 
-void test_exiftool_faults::words_of_a_dying_tool_are_relayed()
+void test_exiftool_faults::output_of_a_dying_tool_is_relayed()
 {
     folder->use_stand_in();
     tool->script("1", {"err Can't go on\\n", "exit 2"});
-    verify_waits_without_an_end(read_command, standard_error("Can't go on\n"));
+    verify_waits_forever(read_command, standard_error("Can't go on\n"));
 }
 
 void test_exiftool_faults::tool_that_died_before_leaves_the_request_waiting_data()
@@ -167,7 +167,7 @@ void test_exiftool_faults::tool_that_died_before_leaves_the_request_waiting()
     QFETCH(QStringList, commands);
     folder->use_stand_in();
     tool->script("1", {"out -A=1\\n{ready}\\n", "exit 0"});
-    verify_waits_without_an_end(read_command + before + commands, "tag: A=1\ntags: 1\n");
+    verify_waits_forever(read_command + before + commands, "tag: A=1\ntags: 1\n");
     QCOMPARE(tool->input(), read_request);
     QCOMPARE(tool->process_ids().size(), 1);
 }
@@ -187,7 +187,7 @@ void test_exiftool_faults::tool_that_ended_at_its_start_leaves_the_request_waiti
     QFETCH(QString, end);
     QFETCH(QStringList, commands);
     write_shell_script(folder->tool_path(), {end});
-    verify_waits_without_an_end(commands, QByteArray());
+    verify_waits_forever(commands, QByteArray());
 }
 
 void test_exiftool_faults::quiet_hides_that_the_tool_has_died()
@@ -203,7 +203,7 @@ void test_exiftool_faults::quiet_hides_that_the_tool_has_died()
     QCOMPARE(tool->input(), read_request);
 }
 
-void test_exiftool_faults::line_behind_the_marker_keeps_the_request_waiting_data()
+void test_exiftool_faults::line_after_the_marker_keeps_the_request_waiting_data()
 {
     QTest::addColumn<QString>("reply");
     QTest::newRow("another line") << "-A=1\\n{ready}\\n-B=2\\n";
@@ -212,14 +212,14 @@ void test_exiftool_faults::line_behind_the_marker_keeps_the_request_waiting_data
 }
 
 /// The tool is alive, so there is only one warning a second.
-void test_exiftool_faults::line_behind_the_marker_keeps_the_request_waiting()
+void test_exiftool_faults::line_after_the_marker_keeps_the_request_waiting()
 {
     QFETCH(QString, reply);
     folder->use_stand_in();
     tool->script("1", {"out " + reply});
     hanging_session session(folder->program_path(), read_command);
-    QVERIFY(session.warns_without_an_end(2));
-    QCOMPARE(session.said, QByteArray());
+    QVERIFY(session.warns_endlessly(2));
+    QCOMPARE(session.printed, QByteArray());
     QCOMPARE(session.errors, QByteArray());
 }
 
@@ -236,8 +236,8 @@ void test_exiftool_faults::failed_writes_count_backwards()
     QFETCH(QStringList, commands);
     QFETCH(QByteArray, request);
     folder->use_stand_in();
-    verify_waits_without_an_end(QStringList{"close"} + commands,
-                                failed_write.repeated(11) + lost_bytes(-11, request.size()));
+    verify_waits_forever(QStringList{"close"} + commands,
+                         failed_write.repeated(11) + lost_bytes(-11, request.size()));
 }
 
 void test_exiftool_faults::refused_writes_count_as_nothing_data()
@@ -250,11 +250,10 @@ void test_exiftool_faults::refused_writes_count_as_nothing()
     QFETCH(QStringList, commands);
     QFETCH(QByteArray, request);
     folder->use_stand_in();
-    verify_waits_without_an_end(QStringList{"close-write"} + commands,
-                                lost_bytes(0, request.size()));
+    verify_waits_forever(QStringList{"close-write"} + commands, lost_bytes(0, request.size()));
 }
 
-void test_exiftool_faults::words_before_the_first_request_are_relayed_with_it()
+void test_exiftool_faults::errors_before_the_first_request_are_relayed_with_it()
 {
     folder->use_stand_in();
     tool->script("start", {"err hello\\n"});
@@ -276,8 +275,8 @@ void test_exiftool_faults::output_before_the_first_request_belongs_to_its_reply(
 
 /// The session asks the tool for so many missing files that its messages don't fit into a pipe, and
 /// then makes it write a photo.
-void test_exiftool_faults::many_words_of_the_real_tool(const QStringList &commands,
-                                                       const QByteArray &words)
+void test_exiftool_faults::large_output_of_the_real_tool(const QStringList &commands,
+                                                         const QByteArray &messages)
 {
     folder->use_real_tool();
     const QTemporaryDir photos;
@@ -289,23 +288,23 @@ void test_exiftool_faults::many_words_of_the_real_tool(const QStringList &comman
     QCOMPARE(result.status, 0);
     const QByteArray results = "tags: 0\nresult: true\n";
     QVERIFY2(result.output.endsWith(results), result.output.right(1000));
-    QCOMPARE(relayed_words(result.output.chopped(results.size())), words);
+    QCOMPARE(relayed_text(result.output.chopped(results.size())), messages);
     QCOMPARE(result.errors, QByteArray());
     QCOMPARE(tag_of(path, "IFD0:Artist"), QString("me"));
 }
 
-void test_exiftool_faults::many_words_of_the_real_tool_dont_block_it()
+void test_exiftool_faults::large_output_of_the_real_tool_doesnt_block_it()
 {
-    QByteArray words;
+    QByteArray messages;
     for (const QString &path : missing_files())
-        words += "Error: File not found - " + path.toUtf8() + "\n";
-    QVERIFY(words.size() > pipe_size);
-    many_words_of_the_real_tool({}, words);
+        messages += "Error: File not found - " + path.toUtf8() + "\n";
+    QVERIFY(messages.size() > pipe_size);
+    large_output_of_the_real_tool({}, messages);
 }
 
-void test_exiftool_faults::many_words_of_the_real_tool_are_kept_from_a_quiet_program()
+void test_exiftool_faults::large_output_of_the_real_tool_is_hidden_by_quiet()
 {
-    many_words_of_the_real_tool({"quiet", "on"}, QByteArray());
+    large_output_of_the_real_tool({"quiet", "on"}, QByteArray());
 }
 
 void test_exiftool_faults::pipe_is_missing_or_waited_for_data()
@@ -340,12 +339,12 @@ void test_exiftool_faults::pipe_is_missing_or_waited_for()
         commands += {"1", "IFD0:Artist=me"};
     hanging_session session(folder->program_path(), commands);
     if (tool_opens_pipes()) {
-        QVERIFY(session.warns_without_an_end(2));
+        QVERIFY(session.warns_endlessly(2));
         QTRY_VERIFY(end_pipe(pipe));
     }
     QVERIFY(session.ends());
-    QVERIFY2(session.said.contains(tool_opens_pipes() ? result_if_opened : result_if_missing),
-             session.said);
+    QVERIFY2(session.printed.contains(tool_opens_pipes() ? result_if_opened : result_if_missing),
+             session.printed);
 }
 
 /// Here it is the older tool that waits, and the newer one doesn't open the pipe.
@@ -359,9 +358,9 @@ void test_exiftool_faults::pipe_for_the_temporary_file_is_reported_or_waited_for
     hanging_session session(folder->program_path(), {"write", path, "1", "IFD0:Artist=me"});
     if (tool_opens_pipes()) {
         QVERIFY(session.ends());
-        QVERIFY2(session.said.contains("result: false\n"), session.said);
+        QVERIFY2(session.printed.contains("result: false\n"), session.printed);
     } else {
-        QVERIFY(session.warns_without_an_end(2));
+        QVERIFY(session.warns_endlessly(2));
     }
     QCOMPARE(tag_of(path, "IFD0:Artist"), QString());
 }

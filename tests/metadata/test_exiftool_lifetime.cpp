@@ -58,14 +58,14 @@ class test_exiftool_lifetime : public QObject
 private slots:
     void init();
     void idle_tool_is_asked_to_quit();
-    void pointer_held_elsewhere_ends_the_tool_likewise_data();
-    void pointer_held_elsewhere_ends_the_tool_likewise();
-    void slow_end_is_waited_for();
-    void words_at_the_end_are_relayed_data();
-    void words_at_the_end_are_relayed();
+    void tool_held_by_another_pointer_also_ends_data();
+    void tool_held_by_another_pointer_also_ends();
+    void slow_exit_is_waited_for();
+    void output_at_the_end_is_relayed_data();
+    void output_at_the_end_is_relayed();
     void quiet_silences_standard_error_at_the_end();
     void tool_that_stays_is_killed_after_five_seconds();
-    void words_before_the_kill_are_relayed();
+    void output_before_the_kill_is_relayed();
     void flood_at_the_end_is_relayed();
     void tool_may_end_in_any_way_data();
     void tool_may_end_in_any_way();
@@ -76,7 +76,7 @@ private slots:
     void missing_tool_is_reported_in_utf8();
     void missing_tool_isnt_looked_for_elsewhere();
     void missing_tool_has_no_tags();
-    void missing_tool_lets_writes_seem_to_succeed();
+    void writes_without_a_tool_seem_to_succeed();
     void missing_tool_isnt_tried_again();
     void tool_that_cant_be_run_is_reported_data();
     void tool_that_cant_be_run_is_reported();
@@ -111,14 +111,14 @@ void test_exiftool_lifetime::idle_tool_is_asked_to_quit()
     QVERIFY(tool->has_touched("quit"));
 }
 
-void test_exiftool_lifetime::pointer_held_elsewhere_ends_the_tool_likewise_data()
+void test_exiftool_lifetime::tool_held_by_another_pointer_also_ends_data()
 {
     QTest::addColumn<QStringList>("commands");
-    QTest::newRow("given back later") << QStringList{"hold", "read", photo};
-    QTest::newRow("never given back") << QStringList{"read", photo, "exit"};
+    QTest::newRow("released later") << QStringList{"hold", "read", photo};
+    QTest::newRow("never released") << QStringList{"read", photo, "exit"};
 }
 
-void test_exiftool_lifetime::pointer_held_elsewhere_ends_the_tool_likewise()
+void test_exiftool_lifetime::tool_held_by_another_pointer_also_ends()
 {
     QFETCH(QStringList, commands);
     folder->use_stand_in();
@@ -129,7 +129,7 @@ void test_exiftool_lifetime::pointer_held_elsewhere_ends_the_tool_likewise()
     QCOMPARE(tool->input().count(quit_request), 1);
 }
 
-void test_exiftool_lifetime::slow_end_is_waited_for()
+void test_exiftool_lifetime::slow_exit_is_waited_for()
 {
     folder->use_stand_in();
     tool->script("quit", {"wait 2000", "touch quit"});
@@ -139,7 +139,7 @@ void test_exiftool_lifetime::slow_end_is_waited_for()
     QVERIFY(tool->has_touched("quit"));
 }
 
-void test_exiftool_lifetime::words_at_the_end_are_relayed_data()
+void test_exiftool_lifetime::output_at_the_end_is_relayed_data()
 {
     QTest::addColumn<QString>("action");
     QTest::addColumn<QByteArray>("line");
@@ -149,10 +149,10 @@ void test_exiftool_lifetime::words_at_the_end_are_relayed_data()
     QTest::newRow("standard error") << "err bye\\n" << standard_error("bye\n");
     QTest::newRow("output in two pieces")
         << "out good\nwait 300\nout bye" << exit_data("good") + exit_data("bye");
-    QTest::newRow("marker like all else") << "out {ready}\\n" << exit_data("{ready}\n");
+    QTest::newRow("marker like any other output") << "out {ready}\\n" << exit_data("{ready}\n");
 }
 
-void test_exiftool_lifetime::words_at_the_end_are_relayed()
+void test_exiftool_lifetime::output_at_the_end_is_relayed()
 {
     QFETCH(QString, action);
     QFETCH(QByteArray, line);
@@ -187,7 +187,7 @@ void test_exiftool_lifetime::tool_that_stays_is_killed_after_five_seconds()
     QVERIFY(!is_running(tool->process_ids().first()));
 }
 
-void test_exiftool_lifetime::words_before_the_kill_are_relayed()
+void test_exiftool_lifetime::output_before_the_kill_is_relayed()
 {
     folder->use_stand_in();
     tool->script("quit", {"out half", "hang"});
@@ -203,7 +203,7 @@ void test_exiftool_lifetime::flood_at_the_end_is_relayed()
     tool->script("quit", {"fill 1000000", "fill_err 1000000"});
     const program_result result = run({"quiet", "off"});
     QCOMPARE(result.status, 0);
-    QCOMPARE(relayed_words(result.output), QByteArray(2000000, 'x'));
+    QCOMPARE(relayed_text(result.output), QByteArray(2000000, 'x'));
     QCOMPARE(result.errors, QByteArray());
 }
 
@@ -295,7 +295,7 @@ void test_exiftool_lifetime::missing_tool_has_no_tags()
     QCOMPARE(result.errors, missing(folder->tool_path()));
 }
 
-void test_exiftool_lifetime::missing_tool_lets_writes_seem_to_succeed()
+void test_exiftool_lifetime::writes_without_a_tool_seem_to_succeed()
 {
     const program_result result = run({"write", photo, "1", "A=1"});
     QCOMPARE(result.status, 0);

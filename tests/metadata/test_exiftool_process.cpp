@@ -73,25 +73,25 @@ private slots:
     void reply_in_single_bytes_is_put_together();
     void big_reply_arrives_whole();
     void big_request_arrives_whole();
-    void quick_reply_says_nothing();
+    void quick_reply_prints_nothing();
     void slow_reply_is_warned_of();
-    void ten_seconds_are_waited_for();
+    void reply_is_awaited_for_ten_seconds();
     void standard_error_is_relayed_data();
     void standard_error_is_relayed();
     void flood_of_standard_error_is_relayed();
-    void words_between_two_requests_are_relayed_data();
-    void words_between_two_requests_are_relayed();
+    void errors_between_two_requests_are_relayed_data();
+    void errors_between_two_requests_are_relayed();
     void output_between_two_requests_belongs_to_the_second_data();
     void output_between_two_requests_belongs_to_the_second();
-    void marker_taken_in_between_two_requests_does_no_harm();
+    void marker_read_between_two_requests_does_no_harm();
     void marker_left_between_two_requests_puts_them_out_of_step();
     void marker_in_a_value_ends_the_reply_where_a_read_ends();
-    void standard_error_decides_nothing();
+    void standard_error_does_not_affect_the_result();
     void quiet_tool_is_waited_for_in_silence();
-    void quiet_keeps_a_flood_of_standard_error();
+    void quiet_hides_a_flood_of_standard_error();
     void quiet_leaves_standard_error_unread();
-    void request_goes_down_in_the_local_encoding_data();
-    void request_goes_down_in_the_local_encoding();
+    void request_is_sent_in_the_local_encoding_data();
+    void request_is_sent_in_the_local_encoding();
     void reply_is_utf8_under_any_local_encoding();
     void request_runs_no_event_loop();
 
@@ -183,15 +183,15 @@ void test_exiftool_process::reply_ends_with_the_marker_data()
     QTest::newRow("marker without a line end") << QStringList{"out -A=1\\n{ready}"} << "A=1";
     QTest::newRow("marker alone") << QStringList{"out {ready}\\n"} << "";
     QTest::newRow("marker in two pieces") << QStringList{"out -A=1\\n{rea", "wait 200", "out dy}\\n"} << "A=1";
-    QTest::newRow("line end comes behind") << QStringList{"out -A=1\\n", "wait 100", "out {ready}", "out \\n"} << "A=1";
-    QTest::newRow("white space behind the marker") << QStringList{"out -A=1\\n{ready} \\t\\r\\n\\n "} << "A=1";
+    QTest::newRow("line end comes later") << QStringList{"out -A=1\\n", "wait 100", "out {ready}", "out \\n"} << "A=1";
+    QTest::newRow("white space after the marker") << QStringList{"out -A=1\\n{ready} \\t\\r\\n\\n "} << "A=1";
     QTest::newRow("marker in the middle") << QStringList{"out -A=1\\n{ready}\\n-B=2\\n", "wait 200", "out {ready}\\n"} << "A=1 B=2";
-    QTest::newRow("text behind the marker") << QStringList{"out -A=1\\n{ready} soon\\n", "wait 200", "out -B=2\\n{ready}\\n"} << "A=1 B=2";
+    QTest::newRow("text after the marker") << QStringList{"out -A=1\\n{ready} soon\\n", "wait 200", "out -B=2\\n{ready}\\n"} << "A=1 B=2";
     QTest::newRow("marker in a value") << QStringList{"out -A=x{ready}y\\n", "wait 200", "out {ready}\\n"} << "A=x{ready}y";
     QTest::newRow("marker at the end of a value") << QStringList{"out -A=1{ready}\\n"} << "A=1{ready}";
-    QTest::newRow("marker in capitals is none") << QStringList{"out -A=1\\n{READY}\\n", "wait 200", "out {ready}\\n"} << "A=1";
+    QTest::newRow("marker in capitals isn't a marker") << QStringList{"out -A=1\\n{READY}\\n", "wait 200", "out {ready}\\n"} << "A=1";
     QTest::newRow("NUL cuts the text") << QStringList{"out -A=1\\n-B=2\\0x\\n-C=3\\n{ready}\\n"} << "A=1 B=2";
-    QTest::newRow("NUL behind the marker isn't white space")
+    QTest::newRow("NUL after the marker isn't white space")
         << QStringList{"out -A=1\\n{ready}\\0", "wait 200", "out -B=2\\n{ready}\\n"} << "A=1";
     QTest::newRow("line ends of another system") << QStringList{"out -A=1\\r\\n-B=2\\r\\n{ready}\\r\\n"} << "A=1 B=2";
 }
@@ -236,7 +236,7 @@ void test_exiftool_process::big_request_arrives_whole()
     QVERIFY(!output.text().contains("[write_to_proc]"));
 }
 
-void test_exiftool_process::quick_reply_says_nothing()
+void test_exiftool_process::quick_reply_prints_nothing()
 {
     const captured_output output;
     read();
@@ -254,7 +254,7 @@ void test_exiftool_process::slow_reply_is_warned_of()
     QCOMPARE(output.text(), no_data.repeated(warnings));
 }
 
-void test_exiftool_process::ten_seconds_are_waited_for()
+void test_exiftool_process::reply_is_awaited_for_ten_seconds()
 {
     tool.script("next", {"out -A=1\\n", "wait 10000", "out -B=2\\n{ready}\\n"});
     const captured_output output;
@@ -294,18 +294,18 @@ void test_exiftool_process::flood_of_standard_error_is_relayed()
     tool.script("next", {"out -A=1\\n", QString("fill_err %1").arg(flood), "out {ready}\\n"});
     const captured_output output;
     QCOMPARE(read_text(), QString("A=1"));
-    QVERIFY(relayed_words(output.text()) == QByteArray(flood, 'x'));
+    QVERIFY(relayed_text(output.text()) == QByteArray(flood, 'x'));
     QCOMPARE(read_text(), QString());
 }
 
-void test_exiftool_process::words_between_two_requests_are_relayed_data()
+void test_exiftool_process::errors_between_two_requests_are_relayed_data()
 {
     QTest::addColumn<bool>("in_event_loop");
     QTest::newRow("by the event loop") << true;
     QTest::newRow("by the next request") << false;
 }
 
-void test_exiftool_process::words_between_two_requests_are_relayed()
+void test_exiftool_process::errors_between_two_requests_are_relayed()
 {
     QFETCH(bool, in_event_loop);
     const captured_output output;
@@ -322,7 +322,7 @@ void test_exiftool_process::words_between_two_requests_are_relayed()
 
 void test_exiftool_process::output_between_two_requests_belongs_to_the_second_data()
 {
-    words_between_two_requests_are_relayed_data();
+    errors_between_two_requests_are_relayed_data();
 }
 
 void test_exiftool_process::output_between_two_requests_belongs_to_the_second()
@@ -336,7 +336,7 @@ void test_exiftool_process::output_between_two_requests_belongs_to_the_second()
 }
 
 /// Output read by the event loop doesn't end the wait; it becomes part of the next reply.
-void test_exiftool_process::marker_taken_in_between_two_requests_does_no_harm()
+void test_exiftool_process::marker_read_between_two_requests_does_no_harm()
 {
     read_before_more("out -B=2\\n{ready}\\n");
     wait_for_more(true);
@@ -372,7 +372,7 @@ void test_exiftool_process::marker_in_a_value_ends_the_reply_where_a_read_ends()
     QCOMPARE(read_text(), QString());
 }
 
-void test_exiftool_process::standard_error_decides_nothing()
+void test_exiftool_process::standard_error_does_not_affect_the_result()
 {
     tool.script("next", {"err files weren't updated due to errors\\n{ready}\\n", "wait 200",
                          "out     1 image files updated\\n{ready}\\n"});
@@ -391,7 +391,7 @@ void test_exiftool_process::quiet_tool_is_waited_for_in_silence()
 }
 
 /// The pipe is emptied all the same; otherwise the tool would block.
-void test_exiftool_process::quiet_keeps_a_flood_of_standard_error()
+void test_exiftool_process::quiet_hides_a_flood_of_standard_error()
 {
     exiftool::instance()->set_quiet(true);
     tool.script("next", {QString("fill_err %1").arg(flood), "out -A=1\\n{ready}\\n"});
@@ -414,16 +414,16 @@ void test_exiftool_process::quiet_leaves_standard_error_unread()
     QCOMPARE(output.text(), standard_error("first second"));
 }
 
-void test_exiftool_process::request_goes_down_in_the_local_encoding_data()
+void test_exiftool_process::request_is_sent_in_the_local_encoding_data()
 {
     QTest::addColumn<QByteArray>("encoding");
     QTest::addColumn<QString>("path");
     QTest::addColumn<QByteArray>("sent");
     QTest::newRow("UTF-8") << QByteArray("UTF-8") << "/p/ü.jpg" << QByteArray("/p/\xc3\xbc.jpg");
     QTest::newRow("Latin-1") << QByteArray("ISO-8859-1") << "/p/ü.jpg" << QByteArray("/p/\xfc.jpg");
-    QTest::newRow("outside of Latin-1 it is damaged")
+    QTest::newRow("text outside Latin-1 is damaged")
         << QByteArray("ISO-8859-1") << "/p/日.jpg" << QByteArray("/p/?.jpg");
-    QTest::newRow("outside of the basic plane")
+    QTest::newRow("outside the basic plane")
         << QByteArray("UTF-8") << "/p/\U0001F4F7.jpg" << QByteArray("/p/\xf0\x9f\x93\xb7.jpg");
     QTest::newRow("name on the disk that isn't UTF-8 is damaged")
         << QByteArray("UTF-8") << QFile::decodeName("/p/\xfc.jpg")
@@ -432,7 +432,7 @@ void test_exiftool_process::request_goes_down_in_the_local_encoding_data()
         << QByteArray("UTF-8") << "/p/" + QString(QChar(0xd83d)) + ".jpg" << QByteArray("/p/?.jpg");
 }
 
-void test_exiftool_process::request_goes_down_in_the_local_encoding()
+void test_exiftool_process::request_is_sent_in_the_local_encoding()
 {
     QFETCH(QByteArray, encoding);
     QFETCH(QString, path);

@@ -37,16 +37,16 @@ private slots:
     void names_are_in_byte_order_without_duplicates();
     void names_run_from_the_first_to_the_last();
     void names_are_bare_and_ascii();
-    void no_letter_of_a_name_has_changed();
+    void names_match_their_checksum();
     void reported_only_tags_are_listed_data();
     void reported_only_tags_are_listed();
     void written_tags_are_not_listed_data();
     void written_tags_are_not_listed();
-    void families_are_whole_data();
-    void families_are_whole();
+    void families_are_complete_data();
+    void families_are_complete();
     void extensions_are_the_supported_ones();
     void extensions_are_in_lower_case_without_a_dot();
-    void file_dates_stand_in_their_order();
+    void file_dates_are_in_order();
 };
 
 void test_tag_catalogue::lists_are_constant()
@@ -79,7 +79,7 @@ void test_tag_catalogue::names_are_bare_and_ascii()
     }
 }
 
-void test_tag_catalogue::no_letter_of_a_name_has_changed()
+void test_tag_catalogue::names_match_their_checksum()
 {
     QCryptographicHash hash(QCryptographicHash::Sha256);
     for (const std::string &name : tag_catalogue)
@@ -120,7 +120,7 @@ void test_tag_catalogue::written_tags_are_not_listed()
     QVERIFY(!is_listed(name.toStdString()));
 }
 
-void test_tag_catalogue::families_are_whole_data()
+void test_tag_catalogue::families_are_complete_data()
 {
     QTest::addColumn<QString>("head");
     QTest::addColumn<int>("count");
@@ -132,7 +132,7 @@ void test_tag_catalogue::families_are_whole_data()
     QTest::newRow("MDItem") << "MDItem" << 77;
 }
 
-void test_tag_catalogue::families_are_whole()
+void test_tag_catalogue::families_are_complete()
 {
     QFETCH(QString, head);
     const std::string start = head.toStdString();
@@ -168,7 +168,7 @@ void test_tag_catalogue::extensions_are_in_lower_case_without_a_dot()
     }
 }
 
-void test_tag_catalogue::file_dates_stand_in_their_order()
+void test_tag_catalogue::file_dates_are_in_order()
 {
     QCOMPARE(file_date_tags,
              std::vector<std::string>({"FileAccessDate", "FileCreateDate", "FileModifyDate"}));

@@ -30,16 +30,16 @@ private slots:
     void init();
     void request_names_the_file_and_nothing_else_data();
     void request_names_the_file_and_nothing_else();
-    void reply_is_cut_into_tags_data();
-    void reply_is_cut_into_tags();
+    void reply_is_split_into_tags_data();
+    void reply_is_split_into_tags();
     void reply_comes_back_through_the_pipe();
     void names_are_in_byte_order();
-    void broken_reply_gives_what_it_held();
-    void unreadable_file_gives_what_the_reply_holds_data();
-    void unreadable_file_gives_what_the_reply_holds();
-    void reading_prints_nothing_unless_asked_to();
-    void result_is_printed_on_demand_data();
-    void result_is_printed_on_demand();
+    void broken_reply_gives_the_tags_that_it_held();
+    void unreadable_file_gives_the_tags_in_the_reply_data();
+    void unreadable_file_gives_the_tags_in_the_reply();
+    void reading_prints_nothing_by_default();
+    void result_is_printed_on_request_data();
+    void result_is_printed_on_request();
 
 private:
     scripted_tool tool;
@@ -60,7 +60,7 @@ void test_tag_reading::request_names_the_file_and_nothing_else_data()
                                  << QByteArray("-G1\n\nC:/p/x.jpg\n-execute\n");
     QTest::newRow("without groups")
         << "C:/p/x.jpg" << false << QByteArray("\nC:/p/x.jpg\n-execute\n");
-    QTest::newRow("blanks and quotes aren't escaped")
+    QTest::newRow("spaces and quotes aren't escaped")
         << "/my photos/a \"b\" 'c'.jpg" << true
         << QByteArray("-G1\n\n/my photos/a \"b\" 'c'.jpg\n-execute\n");
     QTest::newRow("placeholder in the path")
@@ -82,7 +82,7 @@ void test_tag_reading::request_names_the_file_and_nothing_else()
 }
 
 // clang-format off
-void test_tag_reading::reply_is_cut_into_tags_data()
+void test_tag_reading::reply_is_split_into_tags_data()
 {
     QTest::addColumn<QString>("reply");
     QTest::addColumn<QStringList>("tags");
@@ -96,24 +96,24 @@ void test_tag_reading::reply_is_cut_into_tags_data()
     QTest::newRow("empty reply") << "" << QStringList();
     QTest::newRow("line without an equals sign") << "Error: no\n-A=1\nmore of A\n{ready}\n" << QStringList{"[A]=[1]"};
     QTest::newRow("further line with an equals sign") << "-A=1\nx=y\n{ready}\n" << QStringList{"[]=[y]", "[A]=[1]"};
-    QTest::newRow("marker with more on its line is a line like others") << "{ready}=x\n{ready}\n" << QStringList{"[ready}]=[x]"};
-    QTest::newRow("blanks around name and value") << "- A B \t= x y \t\n{ready}\n" << QStringList{"[A B]=[x y]"};
-    QTest::newRow("carriage return counts as a blank") << "-A=1\r\n{ready}\r\n" << QStringList{"[A]=[1]"};
-    QTest::newRow("value of blanks") << "-A=   \n{ready}\n" << QStringList{"[A]=[]"};
-    QTest::newRow("first character falls away, whatever it is") << "ABC=1\n{ready}\n" << QStringList{"[BC]=[1]"};
-    QTest::newRow("blank before the dash") << " -A=1\n{ready}\n" << QStringList{"[-A]=[1]"};
+    QTest::newRow("marker with more on its line is an ordinary line") << "{ready}=x\n{ready}\n" << QStringList{"[ready}]=[x]"};
+    QTest::newRow("spaces around name and value") << "- A B \t= x y \t\n{ready}\n" << QStringList{"[A B]=[x y]"};
+    QTest::newRow("carriage return counts as white space") << "-A=1\r\n{ready}\r\n" << QStringList{"[A]=[1]"};
+    QTest::newRow("value of spaces") << "-A=   \n{ready}\n" << QStringList{"[A]=[]"};
+    QTest::newRow("first character is dropped, whatever it is") << "ABC=1\n{ready}\n" << QStringList{"[BC]=[1]"};
+    QTest::newRow("space before the dash") << " -A=1\n{ready}\n" << QStringList{"[-A]=[1]"};
     QTest::newRow("nothing before the equals sign") << "=1\n{ready}\n" << QStringList{"[]=[1]"};
-    QTest::newRow("dash alone") << "-=1\n{ready}\n" << QStringList{"[]=[1]"};
+    QTest::newRow("only a dash") << "-=1\n{ready}\n" << QStringList{"[]=[1]"};
     QTest::newRow("later line wins") << "-A=1\n-B=2\n-A=3\n{ready}\n" << QStringList{"[A]=[3]", "[B]=[2]"};
     QTest::newRow("later empty line wins too") << "-A=1\n-A=\n{ready}\n" << QStringList{"[A]=[]"};
-    QTest::newRow("names in other case are others") << "-A=1\n-a=2\n{ready}\n" << QStringList{"[A]=[1]", "[a]=[2]"};
+    QTest::newRow("names in another case are different") << "-A=1\n-a=2\n{ready}\n" << QStringList{"[A]=[1]", "[a]=[2]"};
     QTest::newRow("empty lines") << "\n\n-A=1\n\n\n-B=2\n\n{ready}\n" << QStringList{"[A]=[1]", "[B]=[2]"};
     QTest::newRow("letters beyond ASCII") << "-A=größer 日\n{ready}\n" << QStringList{"[A]=[größer 日]"};
     QTest::newRow("group and name") << "-XMP-photoshop:DateCreated=2017\n{ready}\n" << QStringList{"[XMP-photoshop:DateCreated]=[2017]"};
 }
 // clang-format on
 
-void test_tag_reading::reply_is_cut_into_tags()
+void test_tag_reading::reply_is_split_into_tags()
 {
     QFETCH(QString, reply);
     QTEST(shown(parse_tag_reply(reply)), "tags");
@@ -133,7 +133,7 @@ void test_tag_reading::names_are_in_byte_order()
              QStringList({"[A:b]=[1]", "[B]=[1]", "[a]=[1]", "[ab]=[1]", "[b]=[1]", "[ä]=[1]"}));
 }
 
-void test_tag_reading::broken_reply_gives_what_it_held()
+void test_tag_reading::broken_reply_gives_the_tags_that_it_held()
 {
     tool.script("next", {"err Error: half a file\\n", "out -A=1\\n{ready}\\n"});
     const captured_output output;
@@ -143,7 +143,7 @@ void test_tag_reading::broken_reply_gives_what_it_held()
 }
 
 /// The messages are the tool's own.
-void test_tag_reading::unreadable_file_gives_what_the_reply_holds_data()
+void test_tag_reading::unreadable_file_gives_the_tags_in_the_reply_data()
 {
     QTest::addColumn<QStringList>("answer");
     QTest::addColumn<QStringList>("tags");
@@ -160,7 +160,7 @@ void test_tag_reading::unreadable_file_gives_what_the_reply_holds_data()
         << QByteArray();
 }
 
-void test_tag_reading::unreadable_file_gives_what_the_reply_holds()
+void test_tag_reading::unreadable_file_gives_the_tags_in_the_reply()
 {
     QFETCH(QStringList, answer);
     tool.script("next", answer);
@@ -169,7 +169,7 @@ void test_tag_reading::unreadable_file_gives_what_the_reply_holds()
     QTEST(output.text(), "said");
 }
 
-void test_tag_reading::reading_prints_nothing_unless_asked_to()
+void test_tag_reading::reading_prints_nothing_by_default()
 {
     tool.set_tags("x.jpg", {"A=1"});
     const captured_output output;
@@ -177,7 +177,7 @@ void test_tag_reading::reading_prints_nothing_unless_asked_to()
     QCOMPARE(output.text(), QByteArray());
 }
 
-void test_tag_reading::result_is_printed_on_demand_data()
+void test_tag_reading::result_is_printed_on_request_data()
 {
     QTest::addColumn<QString>("path");
     QTest::addColumn<QStringList>("tags");
@@ -190,7 +190,7 @@ void test_tag_reading::result_is_printed_on_demand_data()
                                          "/p/größer.jpg {{'A','ü'}, \n{'B','2'}, \n{'C',''}}\n");
 }
 
-void test_tag_reading::result_is_printed_on_demand()
+void test_tag_reading::result_is_printed_on_request()
 {
     QFETCH(QString, path);
     QFETCH(QStringList, tags);

@@ -54,18 +54,18 @@ private slots:
     void init();
     void request_lists_the_tags_in_their_order_data();
     void request_lists_the_tags_in_their_order();
-    void path_goes_down_as_it_stands_data();
-    void path_goes_down_as_it_stands();
-    void ready_made_lines_go_down_as_they_stand();
-    void reply_decides_on_the_result_data();
-    void reply_decides_on_the_result();
+    void path_is_sent_unchanged_data();
+    void path_is_sent_unchanged();
+    void ready_made_lines_are_sent_unchanged();
+    void reply_decides_the_result_data();
+    void reply_decides_the_result();
     void result_comes_from_its_own_reply();
     void signature_is_added_to_the_tags();
-    void signature_is_stamped_alone();
+    void stamp_writes_only_the_signature();
     void failed_stamp_is_ignored();
     void catalogue_is_erased_from_the_copy();
-    void file_names_are_kept_on_demand_data();
-    void file_names_are_kept_on_demand();
+    void file_names_are_kept_on_request_data();
+    void file_names_are_kept_on_request();
     void tags_with_a_group_stay_in_the_copy();
     void values_stay_in_the_copy();
 
@@ -94,7 +94,7 @@ void test_tag_writing::request_lists_the_tags_in_their_order_data()
                             << QByteArray("-IPTC:DateCreated=2017:05:04\n-XMP-photoshop:DateCreated=2017:05:03\n");
     QTest::newRow("capitals before small letters") << tag_map{{"a", "1"}, {"B", "2"}} << QByteArray("-B=2\n-a=1\n");
     QTest::newRow("letters beyond ASCII") << tag_map{{"Größe", "größer"}} << QByteArray("-Größe=größer\n");
-    QTest::newRow("equals sign and blanks") << tag_map{{"A", " x = y "}} << QByteArray("-A= x = y \n");
+    QTest::newRow("equals sign and spaces") << tag_map{{"A", " x = y "}} << QByteArray("-A= x = y \n");
     QTest::newRow("line end breaks the framing") << tag_map{{"A", "x\ny"}} << QByteArray("-A=x\ny\n");
 }
 // clang-format on
@@ -107,16 +107,16 @@ void test_tag_writing::request_lists_the_tags_in_their_order()
     QCOMPARE(tool.input(), request_of(lines));
 }
 
-void test_tag_writing::path_goes_down_as_it_stands_data()
+void test_tag_writing::path_is_sent_unchanged_data()
 {
     QTest::addColumn<QString>("path");
     QTest::newRow("placeholders") << "/p/%1 %2.jpg";
-    QTest::newRow("blanks and quotes") << "/my photos/a \"b\" 'c'.jpg";
+    QTest::newRow("spaces and quotes") << "/my photos/a \"b\" 'c'.jpg";
     QTest::newRow("letters beyond ASCII") << "/p/größer.jpg";
     QTest::newRow("leading dash") << "-x.jpg";
 }
 
-void test_tag_writing::path_goes_down_as_it_stands()
+void test_tag_writing::path_is_sent_unchanged()
 {
     QFETCH(QString, path);
     QVERIFY(exiftool::instance()->write_tags(path, {{"A", "%1"}}));
@@ -124,35 +124,35 @@ void test_tag_writing::path_goes_down_as_it_stands()
              "\n" + path.toUtf8() + "\n-overwrite_original_in_place\n-m\n-A=%1\n-execute\n");
 }
 
-void test_tag_writing::ready_made_lines_go_down_as_they_stand()
+void test_tag_writing::ready_made_lines_are_sent_unchanged()
 {
     QVERIFY(exiftool::instance()->execute_write("C:/p/x.jpg", "-B=%1\n-A+=x\n"));
     QCOMPARE(tool.input(), request_of("-B=%1\n-A+=x\n"));
 }
 
 // clang-format off
-void test_tag_writing::reply_decides_on_the_result_data()
+void test_tag_writing::reply_decides_the_result_data()
 {
     QTest::addColumn<QString>("reply");
     QTest::addColumn<bool>("result");
     QTest::newRow("updated") << "    1 image files updated\\n" << true;
-    QTest::newRow("no word") << "" << true;
+    QTest::newRow("no message") << "" << true;
     QTest::newRow("unchanged") << "    0 image files updated\\n    1 image files unchanged\\n" << true;
     QTest::newRow("with warnings") << "Warning: [minor] Entries in IFD0 were out of sequence\\n    1 image files updated\\n" << true;
     QTest::newRow("some other error") << "Error: File not found - x.jpg\\n" << true;
     QTest::newRow("failed") << "    0 image files updated\\n    1 files weren't updated due to errors\\n" << false;
-    QTest::newRow("count plays no part") << "    0 files weren't updated due to errors\\n" << false;
+    QTest::newRow("count doesn't matter") << "    0 files weren't updated due to errors\\n" << false;
     QTest::newRow("failure without a count") << "files weren't updated due to errors\\n" << false;
     QTest::newRow("failure in the middle of a line") << "xfiles weren't updated due to errorsx\\n" << false;
     QTest::newRow("failure in the first line") << "1 files weren't updated due to errors\\n    1 image files updated\\n" << false;
     QTest::newRow("failure on the marker's line") << "files weren't updated due to errors" << false;
     QTest::newRow("other case") << "1 Files weren't updated due to errors\\n" << true;
     QTest::newRow("cut off") << "1 files weren't updated due to error\\n" << true;
-    QTest::newRow("behind a NUL it isn't read") << "x\\0files weren't updated due to errors\\n" << true;
+    QTest::newRow("text after a NUL isn't read") << "x\\0files weren't updated due to errors\\n" << true;
 }
 // clang-format on
 
-void test_tag_writing::reply_decides_on_the_result()
+void test_tag_writing::reply_decides_the_result()
 {
     QFETCH(QString, reply);
     tool.script("next", {"out " + reply + "{ready}\\n"});
@@ -174,7 +174,7 @@ void test_tag_writing::signature_is_added_to_the_tags()
              tag_map({{"Artist", "me"}, {"CreatorTool", signature}, {"Software", signature}}));
 }
 
-void test_tag_writing::signature_is_stamped_alone()
+void test_tag_writing::stamp_writes_only_the_signature()
 {
     exiftool::instance()->stamp_software("C:/p/x.jpg");
     QCOMPARE(tool.input(), request_of("-CreatorTool=Vorrin - Kelvra\n-Software=Vorrin - Kelvra\n"));
@@ -199,7 +199,7 @@ void test_tag_writing::catalogue_is_erased_from_the_copy()
     QCOMPARE(tags.size(), orv::tag_catalogue.size() + 2);
 }
 
-void test_tag_writing::file_names_are_kept_on_demand_data()
+void test_tag_writing::file_names_are_kept_on_request_data()
 {
     QTest::addColumn<bool>("keep_file_names");
     QTest::addColumn<QStringList>("names");
@@ -207,7 +207,7 @@ void test_tag_writing::file_names_are_kept_on_demand_data()
     QTest::newRow("not kept") << false << QStringList{"Artist"};
 }
 
-void test_tag_writing::file_names_are_kept_on_demand()
+void test_tag_writing::file_names_are_kept_on_request()
 {
     QFETCH(bool, keep_file_names);
     const tag_map tags = tags_named({"Artist", "Directory", "FileName", "FileSize"});

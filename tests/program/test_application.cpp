@@ -79,11 +79,11 @@ private slots:
     void init();
     void cleanup();
     void its_first_frame_installs_the_signal_handlers();
-    void knows_no_window_at_the_start();
+    void has_no_window_at_the_start();
     void visible_window_gets_the_event();
     void hidden_window_gets_nothing();
     void window_that_was_hidden_again_gets_nothing();
-    void missing_window_is_no_trouble();
+    void missing_window_does_no_harm();
     void every_event_reaches_a_visible_window();
     void answer_of_the_window_is_ignored_data();
     void answer_of_the_window_is_ignored();
@@ -112,7 +112,7 @@ void test_application::its_first_frame_installs_the_signal_handlers()
     QVERIFY(handler_behind == qor::stacktrace::signal_handler);
 }
 
-void test_application::knows_no_window_at_the_start()
+void test_application::has_no_window_at_the_start()
 {
     QVERIFY((std::is_base_of_v<QApplication, tested_application>));
     QVERIFY(std::has_virtual_destructor_v<tested_application>);
@@ -145,7 +145,7 @@ void test_application::window_that_was_hidden_again_gets_nothing()
     QCOMPARE(window->types, QList<QEvent::Type>());
 }
 
-void test_application::missing_window_is_no_trouble()
+void test_application::missing_window_does_no_harm()
 {
     application->main_window = nullptr;
     window->show();

@@ -55,18 +55,18 @@ class test_application_frames : public QObject
     Q_OBJECT
 
 private slots:
-    void constructor_stands_on_the_stack_first();
-    void event_stands_on_the_stack_while_it_works();
-    void event_stands_on_the_stack_once_per_event();
+    void constructor_is_first_on_the_stack();
+    void event_is_on_the_stack_while_it_is_handled();
+    void each_event_is_on_the_stack_once();
 };
 
-void test_application_frames::constructor_stands_on_the_stack_first()
+void test_application_frames::constructor_is_first_on_the_stack()
 {
     QCOMPARE(constructor_log,
              QStringList({"push " + constructor_place, "pop " + constructor_place}));
 }
 
-void test_application_frames::event_stands_on_the_stack_while_it_works()
+void test_application_frames::event_is_on_the_stack_while_it_is_handled()
 {
     scope_log.clear();
     QMetaObject::invokeMethod(
@@ -75,7 +75,7 @@ void test_application_frames::event_stands_on_the_stack_while_it_works()
     QCOMPARE(scope_log, QStringList({"push " + event_place, "working", "pop " + event_place}));
 }
 
-void test_application_frames::event_stands_on_the_stack_once_per_event()
+void test_application_frames::each_event_is_on_the_stack_once()
 {
     scope_log.clear();
     for (int i = 0; i < 2; ++i) {

@@ -29,7 +29,7 @@ class test_build_report : public QObject
     Q_OBJECT
 
 private slots:
-    void components_stand_in_the_order_of_their_names();
+    void components_are_sorted_by_name();
     void version_has_its_form_data();
     void version_has_its_form();
     void versions_are_those_of_the_source_tree_data();
@@ -45,7 +45,7 @@ private slots:
     void report_is_the_same_in_every_language();
 };
 
-void test_build_report::components_stand_in_the_order_of_their_names()
+void test_build_report::components_are_sorted_by_name()
 {
     QStringList names;
     for (const auto &component : orv::build_components)
@@ -87,7 +87,7 @@ void test_build_report::versions_are_those_of_the_source_tree()
     const QString built_commit = version_of(application).section("-g", -1);
     const QString last_commit =
         source.is_top_of_repository()
-            ? source.says(QStringList({"rev-list", "--max-count=1", built_commit, "--"}) + paths)
+            ? source.run(QStringList({"rev-list", "--max-count=1", built_commit, "--"}) + paths)
             : QString("0000000");
     QCOMPARE(version_of(QTest::currentDataTag()), last_commit.left(7));
 }
@@ -101,7 +101,7 @@ void test_build_report::application_is_the_commit_that_was_built()
         return;
     }
     const QString built_commit = version.section("-g", -1);
-    QVERIFY2(source.says({"cat-file", "-t", built_commit}) == "commit", qPrintable(version));
+    QVERIFY2(source.run({"cat-file", "-t", built_commit}) == "commit", qPrintable(version));
 }
 
 void test_build_report::version_string_is_the_applications()

@@ -11,11 +11,11 @@ class test_build_report_empty : public QObject
     Q_OBJECT
 
 private slots:
-    void report_ends_behind_the_compiler();
+    void report_ends_after_the_compiler();
     void table_and_version_are_empty();
 };
 
-void test_build_report_empty::report_ends_behind_the_compiler()
+void test_build_report_empty::report_ends_after_the_compiler()
 {
     const QStringList lines = shown_report().split('\n');
     QCOMPARE(lines.size(), 5);

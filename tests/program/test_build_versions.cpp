@@ -42,17 +42,17 @@ struct source_tree {
     QTemporaryDir folder;
     const git_folder git = git_folder(made_folder(folder.filePath("source")));
 
-    void make_repository() const { git.says({"init", "--quiet"}); }
+    void make_repository() const { git.run({"init", "--quiet"}); }
 
     /// Changes the files and commits them. Returns the first seven digits of the commit.
     QString commit(const QStringList &names) const
     {
         for (const QString &name : names) {
             append_to_file(path_of(name));
-            git.says({"add", name});
+            git.run({"add", name});
         }
-        git.says({"commit", "--quiet", "--message", "Change " + names.join(", ")});
-        return git.says({"rev-parse", "HEAD"}).left(7);
+        git.run({"commit", "--quiet", "--message", "Change " + names.join(", ")});
+        return git.run({"rev-parse", "HEAD"}).left(7);
     }
 
     /// Writes the header as the build of version 4.5.6 does.
@@ -113,19 +113,19 @@ private slots:
     void tag_of_another_form_doesnt_count_data();
     void tag_of_another_form_doesnt_count();
     void without_a_tag_all_commits_count();
-    void commit_counts_for_its_tree_alone_data();
-    void commit_counts_for_its_tree_alone();
+    void commit_counts_only_for_its_tree_data();
+    void commit_counts_only_for_its_tree();
     void uncommitted_changes_dont_matter_data();
     void uncommitted_changes_dont_matter();
     void tree_that_was_never_committed_has_zeros();
-    void hash_has_seven_digits_whatever_git_prefers();
+    void hash_always_has_seven_digits();
     void source_archive_has_zeros();
     void missing_git_gives_zeros();
     void repository_without_a_commit_gives_zeros();
-    void folder_inside_of_a_repository_isnt_one();
-    void repository_of_a_hook_isnt_asked();
-    void folder_of_a_hook_isnt_asked();
-    void folder_behind_a_symbolic_link_is_a_repository();
+    void folder_inside_a_repository_isnt_one();
+    void repository_of_a_hook_isnt_used();
+    void folder_of_a_hook_isnt_used();
+    void linked_folder_is_a_repository();
     void folder_of_another_user_is_a_repository();
     void header_is_written_only_when_it_changes();
 
@@ -140,7 +140,7 @@ void test_build_versions::tag_is_followed_by_the_commits_since_data()
     const QStringList annotated = {"tag", "--annotate", "--message", "Release", "v7.8.9"};
     const QStringList lightweight = {"tag", "v7.8.9"};
     QTest::newRow("on the tag") << annotated << 0;
-    QTest::newRow("behind the tag") << annotated << 3;
+    QTest::newRow("after the tag") << annotated << 3;
     QTest::newRow("tag without a message") << lightweight << 1;
 }
 
@@ -150,7 +150,7 @@ void test_build_versions::tag_is_followed_by_the_commits_since()
     QFETCH(int, commits_since);
     tree->make_repository();
     QString last_commit = tree->commit(tree_files);
-    tree->git.says(tag_command);
+    tree->git.run(tag_command);
     for (int i = 0; i < commits_since; ++i)
         last_commit = tree->commit({"src/a.cpp"});
     QVERIFY(tree->write_header());
@@ -162,9 +162,9 @@ void test_build_versions::nearest_tag_counts()
 {
     tree->make_repository();
     tree->commit(tree_files);
-    tree->git.says({"tag", "v9.0.0"});
+    tree->git.run({"tag", "v9.0.0"});
     tree->commit({"src/a.cpp"});
-    tree->git.says({"tag", "v1.0.0"});
+    tree->git.run({"tag", "v1.0.0"});
     const QString last_commit = tree->commit({"src/a.cpp"});
     QVERIFY(tree->write_header());
     QCOMPARE(tree->written()["application"], "v1.0.0-1-g" + last_commit);
@@ -183,8 +183,8 @@ void test_build_versions::tag_of_another_form_doesnt_count()
     QFETCH(QString, tag);
     tree->make_repository();
     const QString only_commit = tree->commit(tree_files);
-    tree->git.says({"tag", tag});
-    QCOMPARE(tree->git.says({"tag", "--list"}), tag);
+    tree->git.run({"tag", tag});
+    QCOMPARE(tree->git.run({"tag", "--list"}), tag);
     QVERIFY(tree->write_header());
     QCOMPARE(tree->written()["application"], "v4.5.6-1-g" + only_commit);
 }
@@ -199,7 +199,7 @@ void test_build_versions::without_a_tag_all_commits_count()
     QCOMPARE(tree->written()["application"], "v4.5.6-3-g" + last_commit);
 }
 
-void test_build_versions::commit_counts_for_its_tree_alone_data()
+void test_build_versions::commit_counts_only_for_its_tree_data()
 {
     QTest::addColumn<QString>("component");
     QTest::newRow("orv_toolkit/orv/panel.cpp") << "orv_toolkit";
@@ -218,7 +218,7 @@ void test_build_versions::commit_counts_for_its_tree_alone_data()
         QTest::newRow(name) << QString();
 }
 
-void test_build_versions::commit_counts_for_its_tree_alone()
+void test_build_versions::commit_counts_only_for_its_tree()
 {
     QFETCH(QString, component);
     tree->make_repository();
@@ -238,7 +238,7 @@ void test_build_versions::commit_counts_for_its_tree_alone()
 void test_build_versions::uncommitted_changes_dont_matter_data()
 {
     QTest::addColumn<bool>("tagged");
-    QTest::newRow("behind a tag") << true;
+    QTest::newRow("after a tag") << true;
     QTest::newRow("without a tag") << false;
 }
 
@@ -248,13 +248,13 @@ void test_build_versions::uncommitted_changes_dont_matter()
     tree->make_repository();
     tree->commit(tree_files);
     if (tagged)
-        tree->git.says({"tag", "v7.8.9"});
+        tree->git.run({"tag", "v7.8.9"});
     QVERIFY(tree->write_header());
     const versions before = tree->written();
     append_to_file(tree->path_of("qor/a.cpp"));
     append_to_file(tree->path_of("orv_toolkit/untracked.cpp"));
     append_to_file(tree->path_of("CMakeLists.txt"));
-    tree->git.says({"add", "CMakeLists.txt"});
+    tree->git.run({"add", "CMakeLists.txt"});
     QVERIFY(tree->write_header());
     QCOMPARE(tree->written(), before);
 }
@@ -271,17 +271,17 @@ void test_build_versions::tree_that_was_never_committed_has_zeros()
                                         {"qor", "0000000"}}));
 }
 
-void test_build_versions::hash_has_seven_digits_whatever_git_prefers()
+void test_build_versions::hash_always_has_seven_digits()
 {
     tree->make_repository();
-    tree->git.says({"config", "core.abbrev", "20"});
+    tree->git.run({"config", "core.abbrev", "20"});
     const QString only_commit = tree->commit(tree_files);
     QVERIFY(tree->write_header());
     QCOMPARE(tree->written(), versions({{"application", "v4.5.6-1-g" + only_commit},
                                         {"orv_infrastructure", only_commit},
                                         {"orv_toolkit", only_commit},
                                         {"qor", only_commit}}));
-    tree->git.says({"tag", "v1"});
+    tree->git.run({"tag", "v1"});
     QVERIFY(tree->write_header());
     QCOMPARE(tree->written()["application"], "v1-0-g" + only_commit);
 }
@@ -311,7 +311,7 @@ void test_build_versions::repository_without_a_commit_gives_zeros()
 }
 
 /// For example an archive that somebody unpacked inside a repository.
-void test_build_versions::folder_inside_of_a_repository_isnt_one()
+void test_build_versions::folder_inside_a_repository_isnt_one()
 {
     tree->make_repository();
     for (const QString &name : tree_files)
@@ -321,7 +321,7 @@ void test_build_versions::folder_inside_of_a_repository_isnt_one()
 }
 
 /// A git hook passes its own repository to everything that it starts, including a build.
-void test_build_versions::repository_of_a_hook_isnt_asked()
+void test_build_versions::repository_of_a_hook_isnt_used()
 {
     const source_tree other;
     other.make_repository();
@@ -331,7 +331,7 @@ void test_build_versions::repository_of_a_hook_isnt_asked()
     QCOMPARE(tree->written(), versions_without_git);
 }
 
-void test_build_versions::folder_of_a_hook_isnt_asked()
+void test_build_versions::folder_of_a_hook_isnt_used()
 {
     const source_tree other;
     other.make_repository();
@@ -344,7 +344,7 @@ void test_build_versions::folder_of_a_hook_isnt_asked()
     QCOMPARE(tree->written()["application"], "v4.5.6-1-g" + only_commit);
 }
 
-void test_build_versions::folder_behind_a_symbolic_link_is_a_repository()
+void test_build_versions::linked_folder_is_a_repository()
 {
     tree->make_repository();
     const QString only_commit = tree->commit(tree_files);

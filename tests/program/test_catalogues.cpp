@@ -127,9 +127,9 @@ private slots:
     void init();
     void texts_are_those_of_the_sources();
     void each_entry_is_in_use();
-    void no_text_stands_twice();
-    void placeholders_stand_in_both_forms();
-    void program_gives_each_german_form();
+    void no_text_occurs_twice();
+    void placeholders_are_in_both_texts();
+    void each_german_text_is_found();
 
 private:
     QString name;
@@ -143,7 +143,7 @@ void test_catalogues::initTestCase_data()
     QTest::addColumn<QStringList>("left_english");
     // The program's name is the title of its window in all languages.
     QTest::newRow("program") << "de" << QStringList{"src"} << QStringList{"MainWindow: Kelvra"};
-    QTest::newRow("kit") << "toolkit_de" << QStringList{"orv_toolkit", "qor"} << QStringList();
+    QTest::newRow("toolkit") << "toolkit_de" << QStringList{"orv_toolkit", "qor"} << QStringList();
 }
 
 void test_catalogues::init()
@@ -177,20 +177,20 @@ void test_catalogues::each_entry_is_in_use()
     QCOMPARE(not_in_use(entries).join('\n'), QString());
 }
 
-void test_catalogues::no_text_stands_twice()
+void test_catalogues::no_text_occurs_twice()
 {
     QStringList keys = keys_of(entries);
     QCOMPARE(keys.removeDuplicates(), 0);
 }
 
-void test_catalogues::placeholders_stand_in_both_forms()
+void test_catalogues::placeholders_are_in_both_texts()
 {
     for (const catalogue_entry &entry : qAsConst(entries))
         QVERIFY2(placeholders(entry.german) == placeholders(entry.source),
                  qPrintable(entry.german));
 }
 
-void test_catalogues::program_gives_each_german_form()
+void test_catalogues::each_german_text_is_found()
 {
     QTranslator translator;
     QVERIFY(translator.load(":/translations/" + name));

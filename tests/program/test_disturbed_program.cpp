@@ -27,7 +27,7 @@ QByteArray report_of(const QByteArray &signal_name)
 }
 
 /// The program's output, without the lines that a slow machine adds.
-QByteArray said(const running_program &program)
+QByteArray printed_by(const running_program &program)
 {
     return QByteArray(program.output).replace(QByteArray(waiting_line), QByteArray());
 }
@@ -50,19 +50,19 @@ class test_disturbed_program : public QObject
 
 private slots:
     void init();
-    void signal_behind_a_load_has_the_tool_quit_data();
-    void signal_behind_a_load_has_the_tool_quit();
-    void signal_between_two_photos_has_the_tool_quit_data();
-    void signal_between_two_photos_has_the_tool_quit();
-    void signal_in_a_request_has_the_tool_quit_behind_it_data();
-    void signal_in_a_request_has_the_tool_quit_behind_it();
+    void signal_after_a_load_makes_the_tool_quit_data();
+    void signal_after_a_load_makes_the_tool_quit();
+    void signal_between_two_photos_makes_the_tool_quit_data();
+    void signal_between_two_photos_makes_the_tool_quit();
+    void signal_in_a_request_makes_the_tool_quit_after_it_data();
+    void signal_in_a_request_makes_the_tool_quit_after_it();
     void tool_in_a_request_is_not_killed();
     void signal_ends_the_wait_for_a_tool_that_died();
-    void tool_that_stays_behind_a_signal_is_killed();
-    void closed_window_lets_the_batch_run_to_its_end_data();
-    void closed_window_lets_the_batch_run_to_its_end();
-    void closed_window_keeps_the_changes_beside_failed_photos();
-    void quitting_for_a_new_language_lets_the_fix_run_to_its_end();
+    void tool_that_does_not_quit_after_a_signal_is_killed();
+    void batch_finishes_after_the_window_is_closed_data();
+    void batch_finishes_after_the_window_is_closed();
+    void closed_window_keeps_the_changes_despite_failed_photos();
+    void fix_finishes_when_quitting_for_a_new_language();
 
 private:
     /// The steps that start a batch and run `step` after its first photo.
@@ -146,7 +146,7 @@ QByteArray test_disturbed_program::input_of(const QString &batch, const QString 
     return reads("abc") + (batch == "fix" ? fixes(names) : fixes("abc") + undos(names));
 }
 
-void test_disturbed_program::signal_behind_a_load_has_the_tool_quit_data()
+void test_disturbed_program::signal_after_a_load_makes_the_tool_quit_data()
 {
     QTest::addColumn<int>("number");
     QTest::addColumn<QByteArray>("name");
@@ -156,7 +156,7 @@ void test_disturbed_program::signal_behind_a_load_has_the_tool_quit_data()
     QTest::newRow("SIGABRT") << SIGABRT << QByteArray("SIGABRT");
 }
 
-void test_disturbed_program::signal_behind_a_load_has_the_tool_quit()
+void test_disturbed_program::signal_after_a_load_makes_the_tool_quit()
 {
     QFETCH(int, number);
     QFETCH(QByteArray, name);
@@ -167,13 +167,13 @@ void test_disturbed_program::signal_behind_a_load_has_the_tool_quit()
     QVERIFY(program.wait_until_ended());
     QCOMPARE(program.status(), failed_status);
     QCOMPARE(program.errors, report_of(name) + empty_trace);
-    QCOMPARE(said(program), QByteArray("shown\nrows: 3\n"));
+    QCOMPARE(printed_by(program), QByteArray("shown\nrows: 3\n"));
     QCOMPARE(tool->input(), reads("abc") + quit_request);
     QVERIFY(tool->has_touched("quit"));
     QVERIFY(has_ended(tool_process()));
 }
 
-void test_disturbed_program::signal_between_two_photos_has_the_tool_quit_data()
+void test_disturbed_program::signal_between_two_photos_makes_the_tool_quit_data()
 {
     QTest::addColumn<QString>("batch");
     QTest::addColumn<int>("number");
@@ -189,7 +189,7 @@ void test_disturbed_program::signal_between_two_photos_has_the_tool_quit_data()
     }
 }
 
-void test_disturbed_program::signal_between_two_photos_has_the_tool_quit()
+void test_disturbed_program::signal_between_two_photos_makes_the_tool_quit()
 {
     QFETCH(QString, batch);
     QFETCH(int, number);
@@ -206,7 +206,7 @@ void test_disturbed_program::signal_between_two_photos_has_the_tool_quit()
     QVERIFY(has_ended(tool_process()));
 }
 
-void test_disturbed_program::signal_in_a_request_has_the_tool_quit_behind_it_data()
+void test_disturbed_program::signal_in_a_request_makes_the_tool_quit_after_it_data()
 {
     QTest::addColumn<QString>("batch");
     QTest::addColumn<QString>("request");
@@ -224,7 +224,7 @@ void test_disturbed_program::signal_in_a_request_has_the_tool_quit_behind_it_dat
                           << "8" << SIGTERM << QByteArray("SIGTERM");
 }
 
-void test_disturbed_program::signal_in_a_request_has_the_tool_quit_behind_it()
+void test_disturbed_program::signal_in_a_request_makes_the_tool_quit_after_it()
 {
     QFETCH(QString, batch);
     QFETCH(QString, request);
@@ -276,7 +276,7 @@ void test_disturbed_program::signal_ends_the_wait_for_a_tool_that_died()
     QCOMPARE(program.errors, report_of("SIGTERM") + empty_trace);
 }
 
-void test_disturbed_program::tool_that_stays_behind_a_signal_is_killed()
+void test_disturbed_program::tool_that_does_not_quit_after_a_signal_is_killed()
 {
     tool->script("quit", {"hang"});
     running_program program(folder->program_path(), load_step() + ";rows");
@@ -285,31 +285,31 @@ void test_disturbed_program::tool_that_stays_behind_a_signal_is_killed()
     program.receive(SIGTERM);
     QVERIFY(program.wait_until_ended());
     QCOMPARE(program.status(), failed_status);
-    QCOMPARE(said(program),
+    QCOMPARE(printed_by(program),
              QByteArray("shown\nrows: 3\nExiftool didn't quit in time. Killing it.\n"));
     QTRY_VERIFY_WITH_TIMEOUT(has_ended(tool_process()), limit_ms);
 }
 
-void test_disturbed_program::closed_window_lets_the_batch_run_to_its_end_data()
+void test_disturbed_program::batch_finishes_after_the_window_is_closed_data()
 {
     QTest::addColumn<QString>("batch");
     for (const char *batch : {"load", "fix", "undo"})
         QTest::newRow(batch) << batch;
 }
 
-void test_disturbed_program::closed_window_lets_the_batch_run_to_its_end()
+void test_disturbed_program::batch_finishes_after_the_window_is_closed()
 {
     QFETCH(QString, batch);
     running_program program(folder->program_path(), steps_with(batch, "close"));
     QVERIFY(program.wait_until_ended());
     QCOMPARE(program.status(), 0);
     QCOMPARE(program.errors, QByteArray());
-    QCOMPARE(said(program), QByteArray("shown\n"));
+    QCOMPARE(printed_by(program), QByteArray("shown\n"));
     QCOMPARE(tool->input(), input_of(batch, "abc") + quit_request);
     QVERIFY(tool->has_touched("quit"));
 }
 
-void test_disturbed_program::closed_window_keeps_the_changes_beside_failed_photos()
+void test_disturbed_program::closed_window_keeps_the_changes_despite_failed_photos()
 {
     tool->refuse_writes("b");
     running_program program(folder->program_path(), steps_with("fix", "close"));
@@ -318,12 +318,12 @@ void test_disturbed_program::closed_window_keeps_the_changes_beside_failed_photo
     QCOMPARE(tool->input(), input_of("fix", "abc") + quit_request);
 }
 
-void test_disturbed_program::quitting_for_a_new_language_lets_the_fix_run_to_its_end()
+void test_disturbed_program::fix_finishes_when_quitting_for_a_new_language()
 {
     running_program program(folder->program_path(), steps_with("fix", "settings de No"));
     QVERIFY(program.wait_until_ended());
     QCOMPARE(program.status(), 0);
-    QCOMPARE(said(program), QByteArray("shown\nquestion: Application language changed\n"));
+    QCOMPARE(printed_by(program), QByteArray("shown\nquestion: Application language changed\n"));
     QCOMPARE(tool->input(), input_of("fix", "abc") + quit_request);
     QVERIFY(tool->has_touched("quit"));
 }

@@ -107,16 +107,16 @@ private slots:
     void page_is_well_formed();
     void page_is_valid_data() { add_pages(); }
     void page_is_valid();
-    void elements_stand_in_their_order_data() { add_pages(); }
-    void elements_stand_in_their_order();
+    void elements_are_in_order_data() { add_pages(); }
+    void elements_are_in_order();
     void title_names_the_program_data();
     void title_names_the_program();
     void background_is_dark_data() { add_pages(); }
     void background_is_dark();
     void heading_has_its_text_and_size_data();
     void heading_has_its_text_and_size();
-    void paragraph_ends_in_its_link_data();
-    void paragraph_ends_in_its_link();
+    void paragraph_ends_with_its_link_data();
+    void paragraph_ends_with_its_link();
     void table_lists_the_shortcuts_data();
     void table_lists_the_shortcuts();
     void text_has_family_colour_and_margin_data() { add_pages(); }
@@ -232,7 +232,7 @@ void test_help_pages::page_is_valid()
     QCOMPARE(checker.exitCode(), 0);
 }
 
-void test_help_pages::elements_stand_in_their_order()
+void test_help_pages::elements_are_in_order()
 {
     umlauts resolver;
     QXmlStreamReader reader(source);
@@ -290,7 +290,7 @@ void test_help_pages::heading_has_its_text_and_size()
     QCOMPARE(sizes, QList<int>({22, 14}));
 }
 
-void test_help_pages::paragraph_ends_in_its_link_data()
+void test_help_pages::paragraph_ends_with_its_link_data()
 {
     QTest::addColumn<int>("number");
     QTest::addColumn<QString>("sentence");
@@ -307,7 +307,7 @@ void test_help_pages::paragraph_ends_in_its_link_data()
                                << "hier";
 }
 
-void test_help_pages::paragraph_ends_in_its_link()
+void test_help_pages::paragraph_ends_with_its_link()
 {
     QFETCH(int, number);
     QFETCH(QString, sentence);

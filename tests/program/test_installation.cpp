@@ -73,13 +73,13 @@ class test_installation : public QObject
     Q_OBJECT
 
 private slots:
-    void all_files_stand_below_the_prefix();
-    void stage_stands_before_the_prefix_data();
-    void stage_stands_before_the_prefix();
+    void all_files_are_below_the_prefix();
+    void staging_folder_comes_before_the_prefix_data();
+    void staging_folder_comes_before_the_prefix();
     void installed_program_finds_its_tool_and_fixes_a_photo();
 };
 
-void test_installation::all_files_stand_below_the_prefix()
+void test_installation::all_files_are_below_the_prefix()
 {
     const QTemporaryDir folder;
     QVERIFY(install(folder.filePath("a prefix")));
@@ -88,7 +88,7 @@ void test_installation::all_files_stand_below_the_prefix()
         QVERIFY2(QFileInfo(folder.filePath("a prefix/" + name)).size() > 0, qPrintable(name));
 }
 
-void test_installation::stage_stands_before_the_prefix_data()
+void test_installation::staging_folder_comes_before_the_prefix_data()
 {
     QTest::addColumn<QString>("prefix");
     QTest::addColumn<QString>("tool");
@@ -98,7 +98,7 @@ void test_installation::stage_stands_before_the_prefix_data()
     QTest::newRow("beside the tool") << near_tool << "../../bin/exiftool";
 }
 
-void test_installation::stage_stands_before_the_prefix()
+void test_installation::staging_folder_comes_before_the_prefix()
 {
     QFETCH(QString, prefix);
     QFETCH(QString, tool);

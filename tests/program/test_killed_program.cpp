@@ -175,12 +175,12 @@ class test_killed_program : public QObject
 private slots:
     void initTestCase();
     void init();
-    void kill_in_a_fix_harms_no_photo_data();
-    void kill_in_a_fix_harms_no_photo();
+    void kill_during_a_fix_harms_no_photo_data();
+    void kill_during_a_fix_harms_no_photo();
     void most_kills_hit_the_middle_of_the_batch();
     void killed_program_leaves_an_idle_tool();
-    void signal_in_a_batch_harms_no_photo_data();
-    void signal_in_a_batch_harms_no_photo();
+    void signal_during_a_batch_harms_no_photo_data();
+    void signal_during_a_batch_harms_no_photo();
 
 private:
     QString fix_steps() const { return load_steps() + ";shift hour 1;values fix;click fix;close"; }
@@ -253,7 +253,7 @@ int test_killed_program::fixed_photos() const
     return fixed;
 }
 
-void test_killed_program::kill_in_a_fix_harms_no_photo_data()
+void test_killed_program::kill_during_a_fix_harms_no_photo_data()
 {
     QTest::addColumn<int>("done");
     QTest::addColumn<int>("delay_ms");
@@ -262,7 +262,7 @@ void test_killed_program::kill_in_a_fix_harms_no_photo_data()
         QTest::addRow("after %d photos and %d ms", 1 + 10 * i, 3 * i) << 1 + 10 * i << 3 * i;
 }
 
-void test_killed_program::kill_in_a_fix_harms_no_photo()
+void test_killed_program::kill_during_a_fix_harms_no_photo()
 {
     QFETCH(int, done);
     QFETCH(int, delay_ms);
@@ -302,7 +302,7 @@ void test_killed_program::killed_program_leaves_an_idle_tool()
     QCOMPARE(fixed_photos(), 0);
 }
 
-void test_killed_program::signal_in_a_batch_harms_no_photo_data()
+void test_killed_program::signal_during_a_batch_harms_no_photo_data()
 {
     QTest::addColumn<int>("number");
     QTest::addColumn<QByteArray>("name");
@@ -318,7 +318,7 @@ void test_killed_program::signal_in_a_batch_harms_no_photo_data()
     }
 }
 
-void test_killed_program::signal_in_a_batch_harms_no_photo()
+void test_killed_program::signal_during_a_batch_harms_no_photo()
 {
     QFETCH(int, number);
     QFETCH(QByteArray, name);

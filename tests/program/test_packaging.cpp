@@ -57,18 +57,18 @@ class test_packaging : public QObject
     Q_OBJECT
 
 private slots:
-    void entry_starts_the_program_plain();
-    void entry_speaks_english_and_german_data();
-    void entry_speaks_english_and_german();
+    void entry_starts_the_program_without_arguments();
+    void entry_is_in_english_and_german_data();
+    void entry_is_in_english_and_german();
     void metainfo_belongs_to_the_entry();
     void documents_name_the_version_data();
     void documents_name_the_version();
     void sources_name_their_licence();
-    void licences_are_whole();
+    void licences_are_complete();
 };
 
 /// The program takes no files on its command line, so the entry offers it for no file type.
-void test_packaging::entry_starts_the_program_plain()
+void test_packaging::entry_starts_the_program_without_arguments()
 {
     QCOMPARE(entry_value("Exec"), QString("kelvra"));
     QCOMPARE(entry_value("Icon"), QString("kelvra"));
@@ -77,14 +77,14 @@ void test_packaging::entry_starts_the_program_plain()
     QVERIFY(!text_of(metainfo).contains("<mediatype>"));
 }
 
-void test_packaging::entry_speaks_english_and_german_data()
+void test_packaging::entry_is_in_english_and_german_data()
 {
     QTest::addColumn<QString>("key");
     for (const char *key : {"GenericName", "Comment", "Keywords"})
         QTest::newRow(key) << key;
 }
 
-void test_packaging::entry_speaks_english_and_german()
+void test_packaging::entry_is_in_english_and_german()
 {
     QFETCH(QString, key);
     QVERIFY(!entry_value(key).isEmpty());
@@ -131,7 +131,7 @@ void test_packaging::sources_name_their_licence()
     }
 }
 
-void test_packaging::licences_are_whole()
+void test_packaging::licences_are_complete()
 {
     QVERIFY(text_of("LICENSE").contains("GNU GENERAL PUBLIC LICENSE\n"));
     QVERIFY(text_of("LICENSE").contains("END OF TERMS AND CONDITIONS"));

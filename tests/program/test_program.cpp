@@ -50,23 +50,23 @@ class test_program : public QObject
 private slots:
     void init();
     void closing_the_window_ends_it_cleanly();
-    void value_of_the_event_loop_is_the_exit_status();
+    void result_of_the_event_loop_is_the_exit_status();
     void sets_up_identity_and_style();
     void leaves_the_time_zone_to_the_environment();
-    void takes_no_option_of_its_own_data();
-    void takes_no_option_of_its_own();
-    void speaks_the_systems_language_data();
-    void speaks_the_systems_language();
+    void has_no_options_of_its_own_data();
+    void has_no_options_of_its_own();
+    void uses_the_systems_language_data();
+    void uses_the_systems_language();
     void stored_language_wins_data();
     void stored_language_wins();
     void starts_no_tool_before_the_first_photo();
     void file_open_event_loads_the_photo();
     void file_open_event_is_taken_as_soon_as_the_window_shows();
     void file_open_event_is_lost_on_a_hidden_window();
-    void tool_is_asked_to_quit_behind_the_window();
+    void tool_is_told_to_quit_after_the_window_closes();
     void quitting_for_a_new_language_ends_it_cleanly();
-    void new_language_is_spoken_from_the_next_start_on();
-    void program_goes_on_in_the_old_language();
+    void new_language_applies_at_the_next_start();
+    void program_continues_in_the_old_language();
     void needs_no_network_library();
     void signal_ends_it_with_a_report_data();
     void signal_ends_it_with_a_report();
@@ -101,7 +101,7 @@ void test_program::closing_the_window_ends_it_cleanly()
     QCOMPARE(settings_files(), QStringList());
 }
 
-void test_program::value_of_the_event_loop_is_the_exit_status()
+void test_program::result_of_the_event_loop_is_the_exit_status()
 {
     running_program program(folder->program_path(), "exit 7");
     QVERIFY(program.wait_until_ended());
@@ -137,7 +137,7 @@ void test_program::leaves_the_time_zone_to_the_environment()
     QCOMPARE(unnamed.printed("time zone"), QStringList(""));
 }
 
-void test_program::takes_no_option_of_its_own_data()
+void test_program::has_no_options_of_its_own_data()
 {
     QTest::addColumn<QString>("argument");
     QTest::newRow("help") << "--help";
@@ -145,7 +145,7 @@ void test_program::takes_no_option_of_its_own_data()
     QTest::newRow("photo") << "/usr/share/photo.jpg";
 }
 
-void test_program::takes_no_option_of_its_own()
+void test_program::has_no_options_of_its_own()
 {
     QFETCH(QString, argument);
     running_program program(folder->program_path(), "rows;close", {argument});
@@ -155,7 +155,7 @@ void test_program::takes_no_option_of_its_own()
     QCOMPARE(tool->process_ids().size(), 0);
 }
 
-void test_program::speaks_the_systems_language_data()
+void test_program::uses_the_systems_language_data()
 {
     QTest::addColumn<QString>("locale");
     QTest::addColumn<bool>("german");
@@ -168,7 +168,7 @@ void test_program::speaks_the_systems_language_data()
     QTest::newRow("none") << "C.UTF-8" << false;
 }
 
-void test_program::speaks_the_systems_language()
+void test_program::uses_the_systems_language()
 {
     QFETCH(QString, locale);
     QFETCH(bool, german);
@@ -245,7 +245,7 @@ void test_program::file_open_event_is_lost_on_a_hidden_window()
     QCOMPARE(tool->process_ids().size(), 0);
 }
 
-void test_program::tool_is_asked_to_quit_behind_the_window()
+void test_program::tool_is_told_to_quit_after_the_window_closes()
 {
     tool->script("quit", {"touch quit"});
     running_program program(folder->program_path(), "open " + photo() + ";close");
@@ -273,7 +273,7 @@ void test_program::quitting_for_a_new_language_ends_it_cleanly()
     QVERIFY(file.readAll().contains("lang=de\n"));
 }
 
-void test_program::new_language_is_spoken_from_the_next_start_on()
+void test_program::new_language_applies_at_the_next_start()
 {
     running_program first(folder->program_path(), "report;settings de No");
     QVERIFY(first.wait_until_ended());
@@ -288,7 +288,7 @@ void test_program::new_language_is_spoken_from_the_next_start_on()
     QVERIFY(third.printed("tool tip").contains("Load images"));
 }
 
-void test_program::program_goes_on_in_the_old_language()
+void test_program::program_continues_in_the_old_language()
 {
     running_program program(folder->program_path(),
                             "settings de Yes;open " + photo() + ";rows;report;close");

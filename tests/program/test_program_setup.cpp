@@ -105,29 +105,29 @@ class test_program_setup : public QObject
 
 private slots:
     void init() { clear_settings(); }
-    void settings_stand_under_the_programs_name();
+    void settings_are_stored_under_the_programs_name();
     void tool_tips_take_two_seconds_data();
     void tool_tips_take_two_seconds();
-    void tool_tip_waits_for_two_seconds_in_fact();
+    void tool_tip_really_waits_two_seconds();
     void application_owns_the_style();
-    void what_has_no_sheet_is_dark_with_light_text();
+    void widgets_without_a_sheet_are_dark_with_light_text();
     void windows_have_the_programs_icon();
     void message_boxes_have_icons_of_the_skin_data();
     void message_boxes_have_icons_of_the_skin();
-    void icons_of_the_desktop_stand_behind_those_of_the_skin();
-    void style_keeps_its_delays_apart();
+    void icons_of_the_skin_come_before_those_of_the_desktop();
+    void styles_delays_are_independent();
     void style_answers_other_hints_as_the_platform_does_data();
     void style_answers_other_hints_as_the_platform_does();
-    void stored_language_is_taken_as_it_stands_data();
-    void stored_language_is_taken_as_it_stands();
+    void stored_language_is_used_unchanged_data();
+    void stored_language_is_used_unchanged();
     void language_is_read_under_its_key();
     void default_language_isnt_stored();
     void missing_catalogues_leave_the_texts_english();
-    void language_of_qt_alone_leaves_the_programs_texts_english();
+    void language_known_only_to_qt_leaves_the_program_english();
     void german_catalogues_are_installed();
 };
 
-void test_program_setup::settings_stand_under_the_programs_name()
+void test_program_setup::settings_are_stored_under_the_programs_name()
 {
     QCOMPARE(QCoreApplication::organizationName(), QString("Vorrin"));
     QVERIFY(!QCoreApplication::organizationDomain().isEmpty());
@@ -157,7 +157,7 @@ void test_program_setup::tool_tips_take_two_seconds()
     QCOMPARE(hint_of(QStyle::SH_ToolTip_FallAsleepDelay), platform_cooldown_ms);
 }
 
-void test_program_setup::tool_tip_waits_for_two_seconds_in_fact()
+void test_program_setup::tool_tip_really_waits_two_seconds()
 {
     install_style();
     QWidget widget;
@@ -181,7 +181,7 @@ void test_program_setup::application_owns_the_style()
     QVERIFY(first.isNull());
 }
 
-void test_program_setup::what_has_no_sheet_is_dark_with_light_text()
+void test_program_setup::widgets_without_a_sheet_are_dark_with_light_text()
 {
     install_style();
     const QPalette palette = QFileDialog().palette();
@@ -225,7 +225,7 @@ void test_program_setup::message_boxes_have_icons_of_the_skin()
     QCOMPARE(box.iconPixmap().toImage(), drawn.toImage());
 }
 
-void test_program_setup::icons_of_the_desktop_stand_behind_those_of_the_skin()
+void test_program_setup::icons_of_the_skin_come_before_those_of_the_desktop()
 {
     const QTemporaryDir themes;
     QVERIFY(QDir(themes.path()).mkpath("desktop/48x48"));
@@ -248,7 +248,7 @@ void test_program_setup::icons_of_the_desktop_stand_behind_those_of_the_skin()
     QVERIFY(colour("dialog-question") != QColor(Qt::red));
 }
 
-void test_program_setup::style_keeps_its_delays_apart()
+void test_program_setup::styles_delays_are_independent()
 {
     orv::proxy_style style(nullptr);
     QVERIFY(QMetaObject::invokeMethod(&style, "set_tooltip_delay", Q_ARG(int, 11)));
@@ -278,7 +278,7 @@ void test_program_setup::style_answers_other_hints_as_the_platform_does()
     QCOMPARE(style.styleHint(asked), plain.styleHint(asked));
 }
 
-void test_program_setup::stored_language_is_taken_as_it_stands_data()
+void test_program_setup::stored_language_is_used_unchanged_data()
 {
     QTest::addColumn<QString>("stored");
     QTest::newRow("German") << "de";
@@ -287,7 +287,7 @@ void test_program_setup::stored_language_is_taken_as_it_stands_data()
     QTest::newRow("no language at all") << " Klingon ";
 }
 
-void test_program_setup::stored_language_is_taken_as_it_stands()
+void test_program_setup::stored_language_is_used_unchanged()
 {
     QFETCH(QString, stored);
     QSettings().setValue("lang", stored);
@@ -319,7 +319,7 @@ void test_program_setup::missing_catalogues_leave_the_texts_english()
     QCOMPARE(qt_text(), QString("Cancel"));
 }
 
-void test_program_setup::language_of_qt_alone_leaves_the_programs_texts_english()
+void test_program_setup::language_known_only_to_qt_leaves_the_program_english()
 {
     install_translators("fr");
     QCOMPARE(program_text(), QString("Load images"));

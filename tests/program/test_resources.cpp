@@ -229,7 +229,7 @@ void test_resources::catalogue_loads_data()
 {
     QTest::addColumn<QString>("path");
     QTest::newRow("the program's") << ":/translations/de.qm";
-    QTest::newRow("the widget kit's") << ":/translations/toolkit_de.qm";
+    QTest::newRow("the widget toolkit's") << ":/translations/toolkit_de.qm";
 }
 
 void test_resources::catalogue_loads()

@@ -29,10 +29,10 @@ class test_free_memory : public QObject
     Q_OBJECT
 
 private slots:
-    void memory_below_a_piece_in_use_goes_back();
+    void memory_below_a_used_block_is_given_to_the_system();
 };
 
-void test_free_memory::memory_below_a_piece_in_use_goes_back()
+void test_free_memory::memory_below_a_used_block_is_given_to_the_system()
 {
     constexpr qint64 piece_count = 200000;
     constexpr std::size_t piece_bytes = 300;

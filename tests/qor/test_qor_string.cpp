@@ -52,8 +52,8 @@ private slots:
     void join_puts_the_separator_between_data();
     void join_puts_the_separator_between();
     void join_takes_a_set_in_its_order();
-    void array_over_a_part_leaves_it_alone();
-    void array_that_owns_passes_its_elements_on();
+    void array_over_a_part_does_not_free_it();
+    void owning_array_moves_its_elements();
     void string_is_a_standard_string();
 };
 
@@ -76,7 +76,7 @@ void test_qor_string::character_cuts_data()
     QTest::newRow("leading separator uses the limit up") << " a b" << 1 << QStringList{"", "a b"};
     QTest::newRow("empty pieces count") << "a  b" << 0 << QStringList{"a", "", "b"};
     QTest::newRow("empty remainder") << "a " << 0 << QStringList{"a", ""};
-    QTest::newRow("empty remainder behind the limit") << "a " << 1 << QStringList{"a", ""};
+    QTest::newRow("empty remainder after the limit") << "a " << 1 << QStringList{"a", ""};
     QTest::newRow("separator alone") << " " << 0 << QStringList{"", ""};
 }
 // clang-format on
@@ -133,7 +133,7 @@ void test_qor_string::separator_text_cuts_data()
     QTest::newRow("three separators alone") << ":::" << ":" << 0 << false << false << QStringList{":"};
 
     QTest::newRow("empty text gives one empty piece") << "" << ":" << 0 << false << false << QStringList{""};
-    QTest::newRow("empty text with all asked for") << "" << ":" << 1 << true << true << QStringList{""};
+    QTest::newRow("empty text with all options") << "" << ":" << 1 << true << true << QStringList{""};
     QTest::newRow("empty text, empty separator") << "" << "" << 0 << false << false << QStringList{""};
     QTest::newRow("empty separator doesn't cut") << "abc" << "" << 0 << false << false << QStringList{"abc"};
 
@@ -141,7 +141,7 @@ void test_qor_string::separator_text_cuts_data()
     QTest::newRow("kept empty piece between") << "2017::05" << ":" << 0 << false << true << QStringList{"2017", "", "05"};
     QTest::newRow("kept pieces, separator at the end") << "2017::" << ":" << 0 << false << true << QStringList{"2017", ":"};
 
-    QTest::newRow("limit: remainder is as long as what lies behind its own separator")
+    QTest::newRow("limit: remainder is as long as the text after its own separator")
         << "a:bc:def" << ":" << 1 << false << false << QStringList{"a", "bc:d"};
     QTest::newRow("limit: remainder without a separator is whole") << "a:bcd" << ":" << 1 << false << false << QStringList{"a", "bcd"};
     QTest::newRow("limit of two") << "a:b:c:d" << ":" << 2 << false << false << QStringList{"a", "b", "c:"};
@@ -153,11 +153,11 @@ void test_qor_string::separator_text_cuts_data()
     QTest::newRow("double quotes protect") << "a:\"b:c\":d" << ":" << 0 << true << false << QStringList{"a", "\"b:c\"", "d"};
     QTest::newRow("either quote closes the other") << "a:'b\":c:d" << ":" << 0 << true << false << QStringList{"a", "'b\"", "c", "d"};
     QTest::newRow("open quote protects to the end") << "a:'b:c:d" << ":" << 0 << true << false << QStringList{"a", "'b:c:d"};
-    QTest::newRow("quotes are text unless asked for") << "a:'b:c':d" << ":" << 0 << false << false << QStringList{"a", "'b", "c'", "d"};
+    QTest::newRow("quotes are text by default") << "a:'b:c':d" << ":" << 0 << false << false << QStringList{"a", "'b", "c'", "d"};
 
     QTest::newRow("long separator leaves its head and skips a character")
         << "a--b--c" << "--" << 0 << false << false << QStringList{"a-", "-", ""};
-    QTest::newRow("long separator may run out behind the end") << "a---b" << "---" << 0 << false << false << QStringList{"a--", ""};
+    QTest::newRow("long separator may run past the end") << "a---b" << "---" << 0 << false << false << QStringList{"a--", ""};
     QTest::newRow("long separator in a run of its characters")
         << "ab--xx-----yy" << "--" << 0 << false << false << QStringList{"ab-", "x-", "-", "y"};
 }
@@ -200,21 +200,21 @@ void test_qor_string::search_gives_the_last_character_of_the_match_data()
     QTest::newRow("at the end") << "a:b" << ":" << quint64(3) << false << none;
     QTest::newRow("past the end") << "a:b" << ":" << quint64(7) << false << none;
     QTest::newRow("empty text") << "" << ":" << quint64(0) << false << none;
-    QTest::newRow("NUL isn't behind the end") << "ab" << QString(QChar::Null) << quint64(0) << false << none;
+    QTest::newRow("NUL isn't past the end") << "ab" << QString(QChar::Null) << quint64(0) << false << none;
     QTest::newRow("empty separator") << "abc" << "" << quint64(2) << false << quint64(1);
     QTest::newRow("empty separator from the start") << "abc" << "" << quint64(0) << false << none;
     QTest::newRow("empty separator at the end") << "abc" << "" << quint64(3) << false << none;
     QTest::newRow("empty separator past the end") << "abc" << "" << quint64(9) << false << none;
-    QTest::newRow("mismatch starts anew") << "-a--b" << "--" << quint64(0) << false << quint64(3);
+    QTest::newRow("mismatch starts again") << "-a--b" << "--" << quint64(0) << false << quint64(3);
     QTest::newRow("search doesn't go back into a started match") << "aabc" << "ab" << quint64(0) << false << none;
     QTest::newRow("started match beside a whole one") << "aabxabc" << "ab" << quint64(0) << false << quint64(5);
     QTest::newRow("between apostrophes") << "':'b" << ":" << quint64(0) << true << none;
     QTest::newRow("between double quotes") << "\":\"b" << ":" << quint64(0) << true << none;
-    QTest::newRow("behind the quotes") << "':':b" << ":" << quint64(0) << true << quint64(3);
-    QTest::newRow("quotes not asked for") << "':'b" << ":" << quint64(0) << false << quint64(1);
+    QTest::newRow("after the quotes") << "':':b" << ":" << quint64(0) << true << quint64(3);
+    QTest::newRow("quotes not requested") << "':'b" << ":" << quint64(0) << false << quint64(1);
     QTest::newRow("position inside quotes counts as outside") << "'a:b'c" << ":" << quint64(1) << true << quint64(2);
     QTest::newRow("closing quote can be the separator") << "'a'b" << "'" << quint64(0) << true << quint64(2);
-    QTest::newRow("quotes inside a match break it") << "-'x'-b" << "--" << quint64(0) << true << none;
+    QTest::newRow("quotes inside a match end it") << "-'x'-b" << "--" << quint64(0) << true << none;
 }
 // clang-format on
 
@@ -255,7 +255,7 @@ void test_qor_string::join_takes_a_set_in_its_order()
     QCOMPARE(string::join(std::set<string>(), ' '), string());
 }
 
-void test_qor_string::array_over_a_part_leaves_it_alone()
+void test_qor_string::array_over_a_part_does_not_free_it()
 {
     char text[] = "abcd";
     {
@@ -268,7 +268,7 @@ void test_qor_string::array_over_a_part_leaves_it_alone()
     QCOMPARE(std::string(text), std::string("abxd"));
 }
 
-void test_qor_string::array_that_owns_passes_its_elements_on()
+void test_qor_string::owning_array_moves_its_elements()
 {
     qor::array<string> first(new string[2]{"a", "b"}, 2, true);
     qor::array<string> second(std::move(first));

@@ -66,14 +66,14 @@ private slots:
     void other_signal_is_left_to_the_system_data();
     void other_signal_is_left_to_the_system();
     void report_has_the_frames_from_the_top();
-    void exit_handlers_run_behind_a_report();
+    void exit_handlers_run_after_a_report();
     void exception_reports_twice_data();
     void exception_reports_twice();
     void exception_prints_before_it_is_the_crash_message();
     void assertion_reports_once_data();
     void assertion_reports_once();
     void uncaught_exception_ends_with_a_report();
-    void harness_can_survive_by_a_jump();
+    void test_can_survive_by_a_jump();
 };
 
 void test_stacktrace::initTestCase()
@@ -257,7 +257,7 @@ void test_stacktrace::report_has_the_frames_from_the_top()
                                        "\n"));
 }
 
-void test_stacktrace::exit_handlers_run_behind_a_report()
+void test_stacktrace::exit_handlers_run_after_a_report()
 {
     const program_result result = die({"atexit"});
     QCOMPARE(result.status, failed_status);
@@ -316,7 +316,7 @@ void test_stacktrace::uncaught_exception_ends_with_a_report()
     QVERIFY2(result.errors.contains("ERROR: received signal SIGABRT\n"), result.errors);
 }
 
-void test_stacktrace::harness_can_survive_by_a_jump()
+void test_stacktrace::test_can_survive_by_a_jump()
 {
     const program_result result = die({"jump"});
     QCOMPARE(result.status, 0);

@@ -64,14 +64,14 @@ std::optional<tag_map> expected_date(const std::string &value)
     tag_map record;
     if (value.empty())
         return record;
-    const std::size_t blank = value.find_first_of(' ');
-    const texts date = parts_of(value.substr(0, blank));
+    const std::size_t space = value.find_first_of(' ');
+    const texts date = parts_of(value.substr(0, space));
     if (date.size() != 3)
         return std::nullopt;
     record = {{"rec_year", date[0]}, {"rec_month", date[1]}, {"rec_day", date[2]}};
-    if (blank == std::string::npos)
+    if (space == std::string::npos)
         return record;
-    const texts time = parts_of(value.substr(blank + 1));
+    const texts time = parts_of(value.substr(space + 1));
     if (time.size() != 3)
         return std::nullopt;
     record.insert({{"rec_hour", time[0]}, {"rec_minute", time[1]}, {"rec_second", time[2]}});
@@ -140,30 +140,30 @@ const texts times = {
 const texts other_tags = {"ExifIFD:CreateDate", "IPTC:datecreated", "XMP-photoshop:DateCreated",
                           "TimeCreated"};
 
-std::string some_date(random_source &random)
+std::string random_date(random_source &random)
 {
     return random.once_in(8) ? random.joined(date_pieces, 12)
                              : random.damaged(random.one_of(dates), date_pieces);
 }
 
-std::string some_time(random_source &random)
+std::string random_time(random_source &random)
 {
     return random.damaged(random.one_of(times), zone_pieces);
 }
 
-tag_map some_tags(random_source &random)
+tag_map random_tags(random_source &random)
 {
     tag_map tags;
     if (random.once_in(2))
-        tags["ExifIFD:DateTimeOriginal"] = some_date(random);
+        tags["ExifIFD:DateTimeOriginal"] = random_date(random);
     if (random.once_in(2))
-        tags["IFD0:DateTimeOriginal"] = some_date(random);
+        tags["IFD0:DateTimeOriginal"] = random_date(random);
     if (random.once_in(2))
-        tags["IPTC:DateCreated"] = some_date(random);
+        tags["IPTC:DateCreated"] = random_date(random);
     if (random.once_in(2))
-        tags["IPTC:TimeCreated"] = some_time(random);
+        tags["IPTC:TimeCreated"] = random_time(random);
     if (random.once_in(2))
-        tags[random.one_of(other_tags)] = some_date(random);
+        tags[random.one_of(other_tags)] = random_date(random);
     return tags;
 }
 
@@ -202,9 +202,9 @@ class test_random_records : public QObject
     Q_OBJECT
 
 private slots:
-    void any_recording_date_is_cut_into_texts();
+    void any_recording_date_is_split_into_texts();
     void any_iptc_time_gives_its_zone();
-    void date_of_other_than_three_parts_ends_the_program();
+    void date_without_exactly_three_parts_ends_the_program();
     void any_tags_from_the_tool_make_a_record();
 
 private:
@@ -212,11 +212,11 @@ private:
     const std::shared_ptr<exif_cache> cache = exif_cache::instance();
 };
 
-void test_random_records::any_recording_date_is_cut_into_texts()
+void test_random_records::any_recording_date_is_split_into_texts()
 {
     random_trial trial;
     trial.repeat(1000000, [&](random_source &random) -> std::string {
-        const std::string value = some_date(random);
+        const std::string value = random_date(random);
         const std::optional<tag_map> expected = expected_date(value);
         if (!expected) {
             trial.note("ends the program");
@@ -245,7 +245,7 @@ void test_random_records::any_iptc_time_gives_its_zone()
 {
     random_trial trial;
     trial.repeat(1000000, [&](random_source &random) -> std::string {
-        const tag_map tags = some_tags(random);
+        const tag_map tags = random_tags(random);
         const tag_map expected = expected_iptc(tags);
         const auto zone = expected.find("iptc_timezone");
         trial.note(tags.count("IPTC:TimeCreated") == 0 ? "no time"
@@ -270,11 +270,11 @@ void test_random_records::any_iptc_time_gives_its_zone()
     QVERIFY2(complaint.isEmpty(), complaint);
 }
 
-void test_random_records::date_of_other_than_three_parts_ends_the_program()
+void test_random_records::date_without_exactly_three_parts_ends_the_program()
 {
     random_trial trial;
     trial.repeat(100, [&](random_source &random) -> std::string {
-        const std::string value = some_date(random);
+        const std::string value = random_date(random);
         const bool ends = !expected_date(value);
         trial.note(ends ? "ends the program" : "goes on");
         return date_aborts(*cache, value) == ends
@@ -289,7 +289,7 @@ void test_random_records::any_tags_from_the_tool_make_a_record()
 {
     random_trial trial;
     trial.repeat(3000, [&](random_source &random) -> std::string {
-        tag_map tags = some_tags(random);
+        tag_map tags = random_tags(random);
         QStringList lines;
         for (auto &[name, value] : tags) {
             value = fit_for_a_line(value);

@@ -13,13 +13,13 @@ namespace
 // A second implementation of the reader: one pass over the UTF-16 units, with a state for the part
 // of the line.
 
-std::u16string without_blank_ends(const std::u16string &text)
+std::u16string trimmed_text(const std::u16string &text)
 {
     std::size_t first = 0;
     std::size_t last = text.size();
-    while (first < last && is_blank(text[first]))
+    while (first < last && is_white_space(text[first]))
         ++first;
-    while (last > first && is_blank(text[last - 1]))
+    while (last > first && is_white_space(text[last - 1]))
         --last;
     return text.substr(first, last - first);
 }
@@ -76,13 +76,13 @@ tag_map tags_of(const QString &reply, random_trial &trial)
         if (unit == u'\n') {
             if (line.equals_signs > 0) {
                 const std::string name =
-                    utf8(without_blank_ends(line.name.substr(line.name.empty() ? 0 : 1)));
+                    utf8(trimmed_text(line.name.substr(line.name.empty() ? 0 : 1)));
                 trial.note_if(name.empty(), "empty name");
                 trial.note_if(tags.count(name) > 0, "same name again");
-                tags[name] = utf8(without_blank_ends(line.value));
+                tags[name] = utf8(trimmed_text(line.value));
                 trial.note_if(tags[name].empty(), "empty value");
                 trial.note_if(line.equals_signs > 1, "value cut short");
-                trial.note_if(line.value != without_blank_ends(line.value), "blanks at its ends");
+                trial.note_if(line.value != trimmed_text(line.value), "blanks at its ends");
                 trial.note_if(line.name.find(u"{ready}") != std::u16string::npos, "marked line");
             }
             trial.note_if(line.equals_signs == 0, "line without an equals sign");
@@ -132,7 +132,7 @@ const texts pieces = {"=",
                       "\xe2\x80\x8b",
                       "\xc2\x85"};
 
-QString some_reply(random_source &random)
+QString random_reply(random_source &random)
 {
     std::string bytes = random.once_in(4) ? random.joined(pieces, 20) : random.joined(lines, 5);
     bytes = random.damaged(bytes + (random.once_in(2) ? "{ready}\n" : ""), pieces);
@@ -151,14 +151,14 @@ class test_random_replies : public QObject
     Q_OBJECT
 
 private slots:
-    void any_reply_is_cut_into_tags();
+    void any_reply_is_split_into_tags();
 };
 
-void test_random_replies::any_reply_is_cut_into_tags()
+void test_random_replies::any_reply_is_split_into_tags()
 {
     random_trial trial;
     trial.repeat(1000000, [&](random_source &random) -> std::string {
-        const QString reply = some_reply(random);
+        const QString reply = random_reply(random);
         const tag_map expected = tags_of(reply, trial);
         const tag_map actual = orv::parse_tag_reply(reply);
         trial.note(expected.empty() ? "no tags" : expected.size() > 2 ? "many tags" : "few tags");

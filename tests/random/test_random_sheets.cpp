@@ -108,7 +108,7 @@ const texts declarations = {
 const texts pieces = {";", ":",  ";;", "::", "a", "b",        "color",
                       " ", "\n", "{",  "}",  "1", "\xc3\xb6", "\xff"};
 
-std::string some_sheet(random_source &random)
+std::string random_sheet(random_source &random)
 {
     if (random.once_in(4))
         return random.joined(pieces, 12);
@@ -128,7 +128,7 @@ class test_random_sheets : public QObject
 
 private slots:
     void any_sheet_is_read();
-    void any_text_is_set_over_a_sheet();
+    void any_text_is_merged_over_a_sheet();
     void any_addition_is_merged();
 };
 
@@ -136,7 +136,7 @@ void test_random_sheets::any_sheet_is_read()
 {
     random_trial trial;
     trial.repeat(1000000, [&](random_source &random) -> std::string {
-        const QString text = as_text(some_sheet(random));
+        const QString text = as_text(random_sheet(random));
         std::map<std::string, stylesheet::declarations> expected = {{"", {}}};
         read_into(expected[""], text.toUtf8().toStdString());
         const stylesheet sheet(text);
@@ -161,12 +161,12 @@ void test_random_sheets::any_sheet_is_read()
     QVERIFY2(complaint.isEmpty(), complaint);
 }
 
-void test_random_sheets::any_text_is_set_over_a_sheet()
+void test_random_sheets::any_text_is_merged_over_a_sheet()
 {
     random_trial trial;
     trial.repeat(500000, [&](random_source &random) -> std::string {
-        const QString before = as_text(some_sheet(random));
-        const std::string added = some_sheet(random);
+        const QString before = as_text(random_sheet(random));
+        const std::string added = random_sheet(random);
         std::map<std::string, stylesheet::declarations> expected = {{"", {}}};
         read_into(expected[""], before.toUtf8().toStdString());
         const std::size_t count_before = expected[""].size();
@@ -194,8 +194,8 @@ void test_random_sheets::any_addition_is_merged()
     random_trial trial;
     QWidget widget;
     trial.repeat(1000000, [&](random_source &random) -> std::string {
-        const QString before = as_text(some_sheet(random));
-        const QString given = as_text(some_sheet(random));
+        const QString before = as_text(random_sheet(random));
+        const QString given = as_text(random_sheet(random));
         const QString ended = given.isEmpty() || given.endsWith(';') ? given : given + ';';
         const merged expected = expected_merge(before.toStdU16String(), ended.toStdU16String());
         trial.note_if(given.isEmpty(), "nothing to add");

@@ -116,21 +116,21 @@ const texts separators = {":",    ":",  ":",  " ",   "a",   "'",    "ab",    "aa
                           "::",   "a'", "'a", "\"b", "a:b", "abab", "bbbbb", std::string(1, '\0'),
                           "\xff", ""};
 
-std::string some_text(random_source &random)
+std::string random_text(random_source &random)
 {
     if (random.once_in(3))
         return random.damaged(random.one_of(dates), letters);
     return random.joined(letters, 16);
 }
 
-int some_limit(random_source &random)
+int random_limit(random_source &random)
 {
     static const std::vector<int> limits = {
         0, 0, 1, 1, 2, 3, 5, -1, std::numeric_limits<int>::max(), std::numeric_limits<int>::min()};
     return random.one_of(limits);
 }
 
-std::size_t some_start(random_source &random, std::size_t size)
+std::size_t random_start(random_source &random, std::size_t size)
 {
     if (random.once_in(50))
         return none - random.below(2);
@@ -169,9 +169,9 @@ void test_random_strings::characters_cut_any_text()
 {
     random_trial trial;
     trial.repeat(1000000, [&](random_source &random) -> std::string {
-        const std::string text = some_text(random);
+        const std::string text = random_text(random);
         const std::string cut = random.one_of(letters);
-        const int limit = some_limit(random);
+        const int limit = random_limit(random);
         const texts expected = cut_at_character(text, cut[0], limit);
         trial.note_if(text.empty(), "empty text");
         trial.note_if(expected.size() == 1, "not cut");
@@ -198,9 +198,9 @@ void test_random_strings::separators_are_found_in_any_text()
 {
     random_trial trial;
     trial.repeat(1500000, [&](random_source &random) -> std::string {
-        const qor::string text = some_text(random);
+        const qor::string text = random_text(random);
         const std::string separator = random.one_of(separators);
-        const std::size_t from = some_start(random, text.size());
+        const std::size_t from = random_start(random, text.size());
         const bool quotes = random.once_in(2);
         const std::size_t expected = end_of_separator(text, separator, from, quotes);
         trial.note(from >= text.size() ? "from the end"
@@ -235,9 +235,9 @@ void test_random_strings::separators_cut_any_text()
 {
     random_trial trial;
     trial.repeat(1500000, [&](random_source &random) -> std::string {
-        const std::string text = some_text(random);
+        const std::string text = random_text(random);
         const std::string separator = random.one_of(separators);
-        const int limit = some_limit(random);
+        const int limit = random_limit(random);
         const bool quotes = random.once_in(2);
         const bool keep_empty = random.once_in(2);
         const texts expected = cut_at_separator(text, separator, limit, quotes, keep_empty);
@@ -277,15 +277,16 @@ void test_random_strings::any_texts_are_joined()
     trial.repeat(300000, [&](random_source &random) -> std::string {
         std::vector<qor::string> parts;
         for (std::size_t count = random.below(6); count > 0; --count)
-            parts.emplace_back(some_text(random));
+            parts.emplace_back(random_text(random));
         const char separator = random.one_of(letters)[0];
         const std::set<std::string> sorted(parts.begin(), parts.end());
-        const auto behind = [&](const std::string &before, const std::string &part) {
+        const auto appended = [&](const std::string &before, const std::string &part) {
             return before + separator + part;
         };
-        const std::string row = std::accumulate(parts.begin(), parts.end(), std::string(), behind);
+        const std::string row =
+            std::accumulate(parts.begin(), parts.end(), std::string(), appended);
         const std::string sorted_row =
-            std::accumulate(sorted.begin(), sorted.end(), std::string(), behind);
+            std::accumulate(sorted.begin(), sorted.end(), std::string(), appended);
         trial.note(parts.empty() ? "none" : parts.size() == 1 ? "one" : "several");
         trial.note_if(sorted.size() < parts.size(), "same text twice");
         const bool same = qor::string::join(parts, separator) == row.substr(!parts.empty()) &&

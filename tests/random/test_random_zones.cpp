@@ -89,9 +89,9 @@ int digit_of(QChar letter)
 int number_at(const QString &zone, int place)
 {
     QString part = zone.mid(place, 2);
-    while (!part.isEmpty() && is_blank(part[0].unicode()))
+    while (!part.isEmpty() && is_white_space(part[0].unicode()))
         part.remove(0, 1);
-    while (!part.isEmpty() && is_blank(part[part.size() - 1].unicode()))
+    while (!part.isEmpty() && is_white_space(part[part.size() - 1].unicode()))
         part.chop(1);
     if (part.isEmpty())
         return 0;
@@ -179,7 +179,7 @@ const texts zone_pieces = {"+",        "-",
 const texts zones = {"+02:00", "-05:30", "+05:45", "-00:30", "+2:00",  "Z",
                      "+0530",  "02:00",  "+14:00", "-12:00", "+02:-5", "+-2:+7"};
 
-QString some_zone(random_source &random)
+QString random_zone(random_source &random)
 {
     const std::string bytes = random.once_in(4) ? random.joined(zone_pieces, 8)
                                                 : random.damaged(random.one_of(zones), zone_pieces);
@@ -193,7 +193,7 @@ float float_of_bits(std::uint32_t bits)
     return value;
 }
 
-float some_hours(random_source &random)
+float random_hours(random_source &random)
 {
     const int count = static_cast<int>(random.below(20000)) - 10000;
     switch (random.below(6)) {
@@ -262,7 +262,7 @@ void test_random_zones::any_zone_becomes_hours()
 {
     random_trial trial;
     trial.repeat(1000000, [&](random_source &random) -> std::string {
-        const QString zone = some_zone(random);
+        const QString zone = random_zone(random);
         const float expected = hours_of(zone);
         trial.note(zone.isEmpty() ? "empty"
                    : expected < 0 ? "west"
@@ -288,7 +288,7 @@ void test_random_zones::any_hours_become_a_zone()
 {
     random_trial trial;
     trial.repeat(1000000, [&](random_source &random) -> std::string {
-        const float hours = some_hours(random);
+        const float hours = random_hours(random);
         const bool fits = fits_an_int(hours);
         const std::string actual = timezone_text(hours).toStdString();
         const std::string expected = fits ? text_of(hours) : actual;
@@ -314,8 +314,8 @@ void test_random_zones::any_hours_are_added_to_any_zone()
 {
     random_trial trial;
     trial.repeat(500000, [&](random_source &random) -> std::string {
-        const QString zone = some_zone(random);
-        const double added = some_hours(random) * (random.once_in(2) ? 1.1 : 1.0);
+        const QString zone = random_zone(random);
+        const double added = random_hours(random) * (random.once_in(2) ? 1.1 : 1.0);
         const float expected = rounded(static_cast<double>(hours_of(zone)) + added);
         const float actual = moved_zone_hours(zone, added);
         const bool same = actual == expected || (std::isnan(actual) && std::isnan(expected));

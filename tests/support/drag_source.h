@@ -38,17 +38,17 @@ public:
         QTimer poll;
         QElapsedTimer waited;
         connect(&poll, &QTimer::timeout, this, [&] {
-            const bool is_there = hands.state() == QProcess::NotRunning;
+            const bool is_there = mouse.state() == QProcess::NotRunning;
             if (!is_there || !(is_time() || waited.hasExpired(patience_ms)))
                 return;
             poll.stop();
-            hands.start("xdotool", {"mouseup", "1"});
+            mouse.start("xdotool", {"mouseup", "1"});
         });
-        hands.start("xdotool", begin_of_drag() + moves_to(place));
+        mouse.start("xdotool", begin_of_drag() + moves_to(place));
         waited.start();
         poll.start(poll_ms);
         QTRY_COMPARE_WITH_TIMEOUT(drags, before + 1, 2 * patience_ms);
-        QTRY_COMPARE(hands.state(), QProcess::NotRunning);
+        QTRY_COMPARE(mouse.state(), QProcess::NotRunning);
     }
 
     int drags = 0;       ///< finished drags
@@ -100,5 +100,5 @@ private:
     }
 
     const QStringList paths;
-    QProcess hands;  ///< moves the mouse for the user while the drag blocks
+    QProcess mouse;  ///< moves the mouse for the user while the drag blocks
 };

@@ -14,7 +14,7 @@ public:
     explicit git_folder(const QString &path) : path(QDir(path).canonicalPath()) {}
 
     /// What git prints, without the line end; empty if it fails.
-    QString says(const QStringList &arguments) const
+    QString run(const QStringList &arguments) const
     {
         QProcess git;
         git.setWorkingDirectory(path);
@@ -31,7 +31,7 @@ public:
         return QString::fromUtf8(git.readAllStandardOutput()).trimmed();
     }
 
-    bool is_top_of_repository() const { return says({"rev-parse", "--show-toplevel"}) == path; }
+    bool is_top_of_repository() const { return run({"rev-parse", "--show-toplevel"}) == path; }
 
     const QString path;  ///< without symbolic links
 

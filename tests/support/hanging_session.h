@@ -23,8 +23,8 @@ public:
     hanging_session &operator=(const hanging_session &) = delete;
 
     /// Whether the session is still running after `enough` warnings with nothing between them.
-    /// `said` then holds the output before the first one.
-    bool warns_without_an_end(int enough = 2000)
+    /// `printed` then holds the output before the first one.
+    bool warns_endlessly(int enough = 2000)
     {
         const QByteArray warnings = tool_lines::no_data.repeated(enough);
         QByteArray output;
@@ -34,22 +34,23 @@ public:
             output += process.readAllStandardOutput();
             first = output.indexOf(tool_lines::no_data);
         }
-        said = output.left(first);
+        printed = output.left(first);
         errors = process.readAllStandardError();
-        return output.mid(said.size()).startsWith(warnings) && process.state() == QProcess::Running;
+        return output.mid(printed.size()).startsWith(warnings) &&
+               process.state() == QProcess::Running;
     }
 
-    /// Whether the session ends on its own after all. `said` then holds its whole output except the
-    /// warnings.
+    /// Whether the session ends on its own after all. `printed` then holds its whole output except
+    /// the warnings.
     bool ends()
     {
         const bool ended = process.waitForFinished(30000);
-        said += process.readAllStandardOutput().replace(tool_lines::no_data, "");
+        printed += process.readAllStandardOutput().replace(tool_lines::no_data, "");
         errors += process.readAllStandardError();
         return ended && process.exitStatus() == QProcess::NormalExit;
     }
 
-    QByteArray said;
+    QByteArray printed;
     QByteArray errors;  ///< standard error up to the last warning counted
 
 private:

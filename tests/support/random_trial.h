@@ -170,14 +170,14 @@ public:
     /// is well.
     QByteArray complaint(const std::vector<std::pair<const char *, int>> &expected) const
     {
-        std::string words = mismatch;
+        std::string message = mismatch;
         for (const auto &[outcome, least] : expected) {
             const auto found = outcomes.find(outcome);
             const int count = found == outcomes.end() ? 0 : found->second;
             if (mismatch.empty() && count < least / rounds_in_one)
-                words += std::to_string(count) + " inputs: " + outcome + "; ";
+                message += std::to_string(count) + " inputs: " + outcome + "; ";
         }
-        return QByteArray::fromStdString(words);
+        return QByteArray::fromStdString(message);
     }
 
 private:

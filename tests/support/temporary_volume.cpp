@@ -22,7 +22,7 @@ bool write_text(const char *path, const QByteArray &text)
 }
 
 /// The user remains the same in the new user namespace (user_namespaces(7)).
-bool enter_own_users()
+bool enter_user_namespace()
 {
     const QByteArray user = QByteArray::number(getuid());
     const QByteArray group = QByteArray::number(getgid());
@@ -34,7 +34,7 @@ bool enter_own_users()
 
 bool enter()
 {
-    return (unshare(CLONE_NEWNS) == 0 || enter_own_users()) &&
+    return (unshare(CLONE_NEWNS) == 0 || enter_user_namespace()) &&
            mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
 }
 

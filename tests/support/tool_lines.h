@@ -27,22 +27,22 @@ inline QByteArray lost_bytes(int written, int wanted)
            QByteArray::number(written) + ". Wanted: " + QByteArray::number(wanted) + "!\n";
 }
 
-inline QByteArray standard_error(const QByteArray &words)
+inline QByteArray standard_error(const QByteArray &text)
 {
-    return "[exiftool cerr] '" + words + "'\n";
+    return "[exiftool cerr] '" + text + "'\n";
 }
 
-inline QByteArray exit_data(const QByteArray &words)
+inline QByteArray exit_data(const QByteArray &text)
 {
-    return "[exiftool2] exit data: '" + words + "'\n";
+    return "[exiftool2] exit data: '" + text + "'\n";
 }
 
 /// The tool's text in an output of only `standard_error` or `exit_data` lines, of which there is
 /// one per read from the pipe. The text must not contain an apostrophe.
-inline QByteArray relayed_words(const QByteArray &output)
+inline QByteArray relayed_text(const QByteArray &output)
 {
-    QByteArray words = output;
-    return words.replace("[exiftool cerr] '", "")
+    QByteArray text = output;
+    return text.replace("[exiftool cerr] '", "")
         .replace("[exiftool2] exit data: '", "")
         .replace("'\n", "");
 }

@@ -134,16 +134,16 @@ class test_button : public QObject
 
 private slots:
     void cleanup();
-    void starts_calm_data();
-    void starts_calm();
-    void rectangle_is_taken_in_from_left_and_top();
-    void sheet_flashes_and_comes_back_data();
-    void sheet_flashes_and_comes_back();
+    void starts_without_a_flash_data();
+    void starts_without_a_flash();
+    void rectangle_shrinks_at_the_left_and_the_top();
+    void sheet_changes_for_the_flash_and_is_restored_data();
+    void sheet_changes_for_the_flash_and_is_restored();
     void flash_lasts_a_fifth_of_a_second();
-    void other_declarations_of_the_sheet_stay();
+    void other_declarations_of_the_sheet_are_kept();
     void flash_shows_a_frame_up_to_the_edge();
-    void valid_rectangle_leaves_the_sheet_alone_data();
-    void valid_rectangle_leaves_the_sheet_alone();
+    void valid_rectangle_keeps_the_sheet_data();
+    void valid_rectangle_keeps_the_sheet();
     void rectangle_is_painted_while_it_flashes();
     void invalid_rectangle_is_not_painted();
     void both_ends_of_the_flash_are_painted_on_screen();
@@ -151,13 +151,13 @@ private slots:
     void release_counts_wherever_it_happens();
     void release_counts_for_each_mouse_button_data();
     void release_counts_for_each_mouse_button();
-    void signals_come_in_their_order_data();
-    void signals_come_in_their_order();
+    void signals_come_in_order_data();
+    void signals_come_in_order();
     void flash_shows_already_when_the_signals_come();
     void stays_down_after_the_release();
     void second_click_does_not_prolong_the_flash();
     void click_while_it_flashes_keeps_the_sheet();
-    void flash_is_ended_by_the_slots_name();
+    void flash_can_be_ended_by_the_slots_name();
     void takes_no_focus();
 };
 
@@ -169,7 +169,7 @@ void test_button::cleanup()
     QVERIFY(pending_flashes().isEmpty());
 }
 
-void test_button::starts_calm_data()
+void test_button::starts_without_a_flash_data()
 {
     QTest::addColumn<making>("make");
     QTest::addColumn<QString>("text");
@@ -180,7 +180,7 @@ void test_button::starts_calm_data()
     }) << "" << QRect(QPoint(4, 4), QPoint(9, 9));
 }
 
-void test_button::starts_calm()
+void test_button::starts_without_a_flash()
 {
     QFETCH(making, make);
     QFETCH(QString, text);
@@ -196,21 +196,21 @@ void test_button::starts_calm()
     QCOMPARE(made->metaObject()->className(), "orv::button");
 }
 
-void test_button::rectangle_is_taken_in_from_left_and_top()
+void test_button::rectangle_shrinks_at_the_left_and_the_top()
 {
     const button made(nullptr, QRect(QPoint(10, 20), QPoint(50, 70)));
     QCOMPARE(made.highlight_rect.topLeft(), QPoint(14, 24));
     QCOMPARE(made.highlight_rect.bottomRight(), QPoint(51, 71));
 }
 
-void test_button::sheet_flashes_and_comes_back_data()
+void test_button::sheet_changes_for_the_flash_and_is_restored_data()
 {
     QTest::addColumn<making>("make");
     QTest::newRow("with a text") << making(with_text);
     QTest::newRow("without a rectangle") << making(without_rectangle);
 }
 
-void test_button::sheet_flashes_and_comes_back()
+void test_button::sheet_changes_for_the_flash_and_is_restored()
 {
     QFETCH(making, make);
     shown_button shown(make(nullptr));
@@ -238,7 +238,7 @@ void test_button::flash_lasts_a_fifth_of_a_second()
     QVERIFY(pending_flashes().isEmpty());
 }
 
-void test_button::other_declarations_of_the_sheet_stay()
+void test_button::other_declarations_of_the_sheet_are_kept()
 {
     shown_button shown;
     shown.flash.setStyleSheet("color:red;margin:7px;padding:1px;");
@@ -264,7 +264,7 @@ void test_button::flash_shows_a_frame_up_to_the_edge()
     }
 }
 
-void test_button::valid_rectangle_leaves_the_sheet_alone_data()
+void test_button::valid_rectangle_keeps_the_sheet_data()
 {
     QTest::addColumn<QRect>("rect");
     QTest::addColumn<bool>("valid");
@@ -277,7 +277,7 @@ void test_button::valid_rectangle_leaves_the_sheet_alone_data()
     QTest::newRow("top greater than bottom") << QRect(QPoint(4, 5), QPoint(20, 4)) << false;
 }
 
-void test_button::valid_rectangle_leaves_the_sheet_alone()
+void test_button::valid_rectangle_keeps_the_sheet()
 {
     QFETCH(QRect, rect);
     QFETCH(bool, valid);
@@ -379,7 +379,7 @@ void test_button::release_counts_for_each_mouse_button()
     QVERIFY(shown.flash.highlight);
 }
 
-void test_button::signals_come_in_their_order_data()
+void test_button::signals_come_in_order_data()
 {
     QTest::addColumn<bool>("checkable");
     QTest::addColumn<bool>("checked");
@@ -388,7 +388,7 @@ void test_button::signals_come_in_their_order_data()
     QTest::newRow("checked stays checked") << true << true;
 }
 
-void test_button::signals_come_in_their_order()
+void test_button::signals_come_in_order()
 {
     QFETCH(bool, checkable);
     QFETCH(bool, checked);
@@ -465,7 +465,7 @@ void test_button::click_while_it_flashes_keeps_the_sheet()
     QCOMPARE(shown.flash.styleSheet(), QString(calm_sheet));
 }
 
-void test_button::flash_is_ended_by_the_slots_name()
+void test_button::flash_can_be_ended_by_the_slots_name()
 {
     shown_button shown;
     shown.click();

@@ -50,9 +50,9 @@ class test_button_custom : public QObject
 private slots:
     void starts_with_parent_and_callback();
     void paints_nothing_without_a_callback();
-    void paints_by_its_callback_alone();
+    void paints_only_its_callback();
     void callback_may_change();
-    void callback_runs_once_a_paint();
+    void callback_runs_once_per_paint();
     void is_clicked_like_a_push_button();
 };
 
@@ -78,7 +78,7 @@ void test_button_custom::paints_nothing_without_a_callback()
     QVERIFY(red.picture() != red_picture());
 }
 
-void test_button_custom::paints_by_its_callback_alone()
+void test_button_custom::paints_only_its_callback()
 {
     red_window red;
     red.custom->paint_callback = [](QPainter &painter) {
@@ -102,7 +102,7 @@ void test_button_custom::callback_may_change()
     QCOMPARE(red.picture(), red_picture());
 }
 
-void test_button_custom::callback_runs_once_a_paint()
+void test_button_custom::callback_runs_once_per_paint()
 {
     int calls = 0;
     button_custom custom(nullptr, [&](QPainter &painter) {

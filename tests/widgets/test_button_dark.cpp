@@ -64,18 +64,18 @@ private slots:
     void sheet_has_each_skin_and_alignment();
     void skin_may_name_the_alignment();
     void setters_keep_each_others_values();
-    void flags_are_taken_in_their_order_data();
-    void flags_are_taken_in_their_order();
-    void flags_decide_on_the_checked_sheet();
-    void width_is_the_icons_with_margins();
+    void flags_are_set_in_order_data();
+    void flags_are_set_in_order();
+    void flags_decide_the_checked_sheet();
+    void width_is_the_icons_plus_margins();
     void takes_no_focus_by_a_click();
-    void callbacks_run_in_turn_behind_the_face();
+    void callbacks_run_in_order_after_the_face();
     void second_click_leaves_an_exclusive_button_checked();
-    void second_click_unchecks_where_that_is_allowed();
-    void first_click_checks_where_unchecking_is_allowed();
+    void second_click_unchecks_if_allowed();
+    void first_click_checks_if_unchecking_is_allowed();
     void click_on_another_moves_the_check();
-    void inclusive_group_is_left_alone();
-    void lone_button_just_toggles();
+    void inclusive_group_is_left_unchanged();
+    void button_without_a_group_just_toggles();
 };
 
 void test_button_dark::starts_in_the_dark_skin()
@@ -159,7 +159,7 @@ void test_button_dark::setters_keep_each_others_values()
     QCOMPARE(button.default_align, QString("center"));
 }
 
-void test_button_dark::flags_are_taken_in_their_order_data()
+void test_button_dark::flags_are_set_in_order_data()
 {
     QTest::addColumn<bool>("draw_frame");
     QTest::addColumn<bool>("use_checked");
@@ -169,7 +169,7 @@ void test_button_dark::flags_are_taken_in_their_order_data()
     QTest::newRow("hot alone") << false << false << true;
 }
 
-void test_button_dark::flags_are_taken_in_their_order()
+void test_button_dark::flags_are_set_in_order()
 {
     QFETCH(bool, draw_frame);
     QFETCH(bool, use_checked);
@@ -182,7 +182,7 @@ void test_button_dark::flags_are_taken_in_their_order()
     QCOMPARE(button.styleSheet().contains("::checked"), use_checked);
 }
 
-void test_button_dark::flags_decide_on_the_checked_sheet()
+void test_button_dark::flags_decide_the_checked_sheet()
 {
     button_dark button(nullptr);
     const QString whole_sheet = button.styleSheet();
@@ -192,7 +192,7 @@ void test_button_dark::flags_decide_on_the_checked_sheet()
     QCOMPARE(button.styleSheet(), whole_sheet);
 }
 
-void test_button_dark::width_is_the_icons_with_margins()
+void test_button_dark::width_is_the_icons_plus_margins()
 {
     button_dark button(nullptr);
     button.fit_width(5, 7);
@@ -213,7 +213,7 @@ void test_button_dark::takes_no_focus_by_a_click()
     QVERIFY(!buttons.first.hasFocus());
 }
 
-void test_button_dark::callbacks_run_in_turn_behind_the_face()
+void test_button_dark::callbacks_run_in_order_after_the_face()
 {
     button_dark button(nullptr);
     button.resize(20, 20);
@@ -246,7 +246,7 @@ void test_button_dark::second_click_leaves_an_exclusive_button_checked()
     QCOMPARE(buttons.group.checkedButton(), &buttons.first);
 }
 
-void test_button_dark::second_click_unchecks_where_that_is_allowed()
+void test_button_dark::second_click_unchecks_if_allowed()
 {
     button_pair buttons;
     buttons.first.allow_uncheck = true;
@@ -260,7 +260,7 @@ void test_button_dark::second_click_unchecks_where_that_is_allowed()
     QVERIFY(buttons.group.exclusive());
 }
 
-void test_button_dark::first_click_checks_where_unchecking_is_allowed()
+void test_button_dark::first_click_checks_if_unchecking_is_allowed()
 {
     button_pair buttons;
     buttons.first.allow_uncheck = true;
@@ -282,7 +282,7 @@ void test_button_dark::click_on_another_moves_the_check()
     QCOMPARE(buttons.group.checkedButton(), &buttons.second);
 }
 
-void test_button_dark::inclusive_group_is_left_alone()
+void test_button_dark::inclusive_group_is_left_unchanged()
 {
     button_pair buttons;
     buttons.group.setExclusive(false);
@@ -296,7 +296,7 @@ void test_button_dark::inclusive_group_is_left_alone()
     QVERIFY(!buttons.group.exclusive());
 }
 
-void test_button_dark::lone_button_just_toggles()
+void test_button_dark::button_without_a_group_just_toggles()
 {
     button_dark button(nullptr);
     button.setCheckable(true);

@@ -89,7 +89,7 @@ private slots:
     void icon_is_transparent_around_the_text();
     void size_of_the_icon_is_truncated();
     void document_shows_on_the_button();
-    void flashes_by_its_sheet();
+    void flashes_with_its_sheet();
 };
 
 void test_button_html::starts_without_text_and_rectangle_data()
@@ -119,7 +119,7 @@ void test_button_html::icon_is_the_drawn_document_data()
 {
     QTest::addColumn<QString>("html");
     QTest::newRow("rich text in two lines") << words;
-    QTest::newRow("size of broken pixels") << html_of_broken_size();
+    QTest::newRow("size with fractions of pixels") << html_of_broken_size();
     QTest::newRow("table with a background")
         << "<table bgcolor=\"#0000ff\" cellpadding=\"5\"><tr><td>a</td><td>b</td></tr></table>";
     QTest::newRow("beyond ASCII") << QString::fromUtf8("größer &euro;");
@@ -162,7 +162,7 @@ void test_button_html::document_shows_on_the_button()
     QVERIFY(shows(button.grab().toImage(), QColor(255, 0, 0)));
 }
 
-void test_button_html::flashes_by_its_sheet()
+void test_button_html::flashes_with_its_sheet()
 {
     QWidget window;
     window.resize(200, 120);

@@ -46,20 +46,20 @@ class test_button_icon : public QObject
 
 private slots:
     void missing_picture_shows_nothing();
-    void missing_picture_takes_the_place_of_a_good_one();
-    void icon_stands_where_it_was_put_data();
-    void icon_stands_where_it_was_put();
-    void icon_larger_than_the_button_hangs_over_rounded_to_zero();
+    void missing_picture_replaces_a_good_one();
+    void icon_is_where_it_was_put_data();
+    void icon_is_where_it_was_put();
+    void offset_of_an_icon_larger_than_the_button_is_rounded_to_zero();
     void state_picks_the_colour_data();
     void state_picks_the_colour();
     void mouse_makes_the_icon_hot();
     void disabled_icon_has_half_the_alpha();
     void frame_shows_on_a_checked_button_data();
     void frame_shows_on_a_checked_button();
-    void checked_icon_takes_turns_with_the_other();
-    void checked_icon_alone_leaves_the_unchecked_button_bare();
-    void icon_set_behind_a_checked_one_replaces_both();
-    void checked_icon_takes_the_checked_sheet_out_of_use();
+    void checked_icon_alternates_with_the_other();
+    void checked_icon_alone_leaves_the_unchecked_button_empty();
+    void icon_set_after_a_checked_one_replaces_both();
+    void checked_icon_disables_the_checked_sheet();
     void tinted_setters_tint_their_own_icon();
     void foreign_button_ends_the_program();
 
@@ -81,7 +81,7 @@ void test_button_icon::missing_picture_shows_nothing()
     QCOMPARE(painted_icon(button), nothing);
 }
 
-void test_button_icon::missing_picture_takes_the_place_of_a_good_one()
+void test_button_icon::missing_picture_replaces_a_good_one()
 {
     orv::button_dark button(nullptr);
     button.set_icon(folder.plain_picture({4, 4}), -1, -1, {}, {});
@@ -90,23 +90,23 @@ void test_button_icon::missing_picture_takes_the_place_of_a_good_one()
     QCOMPARE(button.icon.image_width, 0);
 }
 
-void test_button_icon::icon_stands_where_it_was_put_data()
+void test_button_icon::icon_is_where_it_was_put_data()
 {
     QTest::addColumn<QSize>("icon_size");
     QTest::addColumn<QPoint>("position");
     QTest::addColumn<QRect>("place");
     // clang-format off
-    QTest::newRow("centred, the odd pixel behind") << QSize(16, 16) << QPoint(-1, -1)
+    QTest::newRow("centred, the odd pixel at the end") << QSize(16, 16) << QPoint(-1, -1)
                                                    << QRect(3, 3, 16, 16);
     QTest::newRow("at a place") << QSize(16, 16) << QPoint(5, 1) << QRect(5, 1, 16, 16);
     QTest::newRow("at the corner") << QSize(4, 4) << QPoint(0, 0) << QRect(0, 0, 4, 4);
-    QTest::newRow("centred across alone") << QSize(5, 6) << QPoint(-1, 2) << QRect(9, 2, 5, 6);
-    QTest::newRow("centred down alone") << QSize(5, 6) << QPoint(2, -1) << QRect(2, 8, 5, 6);
+    QTest::newRow("centred horizontally only") << QSize(5, 6) << QPoint(-1, 2) << QRect(9, 2, 5, 6);
+    QTest::newRow("centred vertically only") << QSize(5, 6) << QPoint(2, -1) << QRect(2, 8, 5, 6);
     QTest::newRow("-2 is a place") << QSize(5, 6) << QPoint(-2, 0) << QRect(0, 0, 3, 6);
     // clang-format on
 }
 
-void test_button_icon::icon_stands_where_it_was_put()
+void test_button_icon::icon_is_where_it_was_put()
 {
     QFETCH(QSize, icon_size);
     QFETCH(QPoint, position);
@@ -118,7 +118,7 @@ void test_button_icon::icon_stands_where_it_was_put()
     QCOMPARE(place_of(green, button.grab().toImage()), place);
 }
 
-void test_button_icon::icon_larger_than_the_button_hangs_over_rounded_to_zero()
+void test_button_icon::offset_of_an_icon_larger_than_the_button_is_rounded_to_zero()
 {
     QImage image(26, 26, QImage::Format_ARGB32);
     image.fill(Qt::transparent);
@@ -143,7 +143,7 @@ void test_button_icon::state_picks_the_colour_data()
     QTest::newRow("under the mouse") << true << true << false << false << true << red;
     QTest::newRow("unchecked") << true << false << true << false << true << green;
     QTest::newRow("checked") << true << false << true << true << true << red;
-    QTest::newRow("checked, but that isn't hot") << true << false << true << true << false << green;
+    QTest::newRow("checked, but not hot when checked") << true << false << true << true << false << green;
     QTest::newRow("checked, not hot, under the mouse") << true << true << true << true << false
                                                        << red;
     QTest::newRow("disabled") << false << false << false << false << true << half_green;
@@ -213,7 +213,7 @@ void test_button_icon::frame_shows_on_a_checked_button_data()
     QTest::newRow("checked") << true << true << true << true;
     QTest::newRow("unchecked") << true << true << false << false;
     QTest::newRow("not checkable") << true << false << false << false;
-    QTest::newRow("checked, but no frame is wanted") << false << true << true << false;
+    QTest::newRow("checked, but without the frame flag") << false << true << true << false;
 }
 
 void test_button_icon::frame_shows_on_a_checked_button()
@@ -234,7 +234,7 @@ void test_button_icon::frame_shows_on_a_checked_button()
     QCOMPARE(qAlpha(picture.pixel(1, 6)), 0);
 }
 
-void test_button_icon::checked_icon_takes_turns_with_the_other()
+void test_button_icon::checked_icon_alternates_with_the_other()
 {
     orv::button_dark button(nullptr);
     button.resize(20, 20);
@@ -251,7 +251,7 @@ void test_button_icon::checked_icon_takes_turns_with_the_other()
     QCOMPARE(place_of(yellow, painted_icon(button)), QRect(2, 3, 6, 6));
 }
 
-void test_button_icon::checked_icon_alone_leaves_the_unchecked_button_bare()
+void test_button_icon::checked_icon_alone_leaves_the_unchecked_button_empty()
 {
     orv::button_dark button(nullptr);
     button.resize(20, 20);
@@ -264,7 +264,7 @@ void test_button_icon::checked_icon_alone_leaves_the_unchecked_button_bare()
     QCOMPARE(place_of(red, painted_icon(button)), QRect(8, 8, 4, 4));
 }
 
-void test_button_icon::icon_set_behind_a_checked_one_replaces_both()
+void test_button_icon::icon_set_after_a_checked_one_replaces_both()
 {
     orv::button_dark button(nullptr);
     button.resize(20, 20);
@@ -278,7 +278,7 @@ void test_button_icon::icon_set_behind_a_checked_one_replaces_both()
     QCOMPARE(place_of(red, picture), QRect(8, 8, 4, 4));
 }
 
-void test_button_icon::checked_icon_takes_the_checked_sheet_out_of_use()
+void test_button_icon::checked_icon_disables_the_checked_sheet()
 {
     orv::button_dark button(nullptr);
     const QString whole_sheet = button.styleSheet();

@@ -112,23 +112,23 @@ private slots:
     void first_entry_is_qt();
     void dialog_has_one_column_and_a_fixed_size();
     void heading_names_the_program();
-    void heading_gets_more_room_than_it_takes();
-    void heading_stands_in_its_margin();
+    void heading_gets_more_room_than_it_needs();
+    void heading_has_its_margin();
     void texts_are_translated();
     void texts_are_german_with_the_catalogue();
-    void entry_has_name_and_note_below_each_other_data();
-    void entry_has_name_and_note_below_each_other();
+    void entry_has_its_name_above_its_note_data();
+    void entry_has_its_name_above_its_note();
     void entry_is_as_big_as_its_texts_data();
     void entry_is_as_big_as_its_texts();
     void entry_is_measured_in_its_own_font();
     void license_is_shown_as_third_row_data();
     void license_is_shown_as_third_row();
-    void license_may_stand_in_the_resources();
+    void license_may_be_in_the_resources();
     void license_that_cant_be_opened_says_so();
-    void area_of_a_license_is_crossed();
+    void limits_of_a_license_are_swapped();
     void wide_texts_win_over_the_license();
-    void list_shows_the_entries_in_their_order();
-    void each_entry_stands_on_a_widget_in_a_margin();
+    void list_shows_the_entries_in_order();
+    void each_entry_has_a_widget_with_a_margin();
     void rows_are_as_high_as_their_entries();
     void list_is_as_wide_as_the_widest_data();
     void list_is_as_wide_as_the_widest();
@@ -196,7 +196,7 @@ void test_dialog_3rd_part_lib_info::heading_names_the_program()
     QCOMPARE(heading->styleSheet(), QString(heading_sheet));
 }
 
-void test_dialog_3rd_part_lib_info::heading_gets_more_room_than_it_takes()
+void test_dialog_3rd_part_lib_info::heading_gets_more_room_than_it_needs()
 {
     const orv::dialog_3rd_part_lib_info list(nullptr);
     const QString heading = "Kelvra uses the following open source and/or 3rd party libraries:";
@@ -205,7 +205,7 @@ void test_dialog_3rd_part_lib_info::heading_gets_more_room_than_it_takes()
     QVERIFY(list.heading_size.width() > measured(heading, 16, 50).width());
 }
 
-void test_dialog_3rd_part_lib_info::heading_stands_in_its_margin()
+void test_dialog_3rd_part_lib_info::heading_has_its_margin()
 {
     const orv::dialog_3rd_part_lib_info list(nullptr);
     QCOMPARE(list.layout->cells.size(), std::size_t(1));
@@ -242,7 +242,7 @@ void test_dialog_3rd_part_lib_info::texts_are_german_with_the_catalogue()
     QVERIFY2(lines[2].contains("Textdatei"), qPrintable(lines[2]));
 }
 
-void test_dialog_3rd_part_lib_info::entry_has_name_and_note_below_each_other_data()
+void test_dialog_3rd_part_lib_info::entry_has_its_name_above_its_note_data()
 {
     QTest::addColumn<QString>("note");
     QTest::newRow("one line") << "It reads things.";
@@ -250,7 +250,7 @@ void test_dialog_3rd_part_lib_info::entry_has_name_and_note_below_each_other_dat
     QTest::newRow("three lines") << "one\ntwo\nthree";
 }
 
-void test_dialog_3rd_part_lib_info::entry_has_name_and_note_below_each_other()
+void test_dialog_3rd_part_lib_info::entry_has_its_name_above_its_note()
 {
     QFETCH(QString, note);
     const laid_out_entry laid_out({"Something", note, QString()});
@@ -309,7 +309,7 @@ void test_dialog_3rd_part_lib_info::license_is_shown_as_third_row_data()
         << QByteArray("You may.\0You may not.\0", 22) << "You may.";
     QTest::newRow("a zero byte first") << QByteArray("\0You may.", 9) << "";
     QTest::newRow("empty") << QByteArray() << "";
-    QTest::newRow("marks of a page stay") << QByteArray("<b>You</b> may.") << "<b>You</b> may.";
+    QTest::newRow("markup stays as text") << QByteArray("<b>You</b> may.") << "<b>You</b> may.";
 }
 
 void test_dialog_3rd_part_lib_info::license_is_shown_as_third_row()
@@ -324,7 +324,7 @@ void test_dialog_3rd_part_lib_info::license_is_shown_as_third_row()
     QVERIFY(text->isReadOnly());
 }
 
-void test_dialog_3rd_part_lib_info::license_may_stand_in_the_resources()
+void test_dialog_3rd_part_lib_info::license_may_be_in_the_resources()
 {
     const laid_out_entry laid_out({"Something", "A note", ":/help/index_en.html"});
     const auto *text = find_in_row<QTextEdit>(*laid_out.layout, 2);
@@ -342,7 +342,7 @@ void test_dialog_3rd_part_lib_info::license_that_cant_be_opened_says_so()
 
 /// The limits are swapped: the width's limit of 300 sets the height, and the height's limit of 400
 /// sets the width.
-void test_dialog_3rd_part_lib_info::area_of_a_license_is_crossed()
+void test_dialog_3rd_part_lib_info::limits_of_a_license_are_swapped()
 {
     const QTemporaryDir folder;
     const laid_out_entry laid_out({"Name", "Note", text_file(folder, "You may.")});
@@ -362,7 +362,7 @@ void test_dialog_3rd_part_lib_info::wide_texts_win_over_the_license()
     QCOMPARE(laid_out.entry.width, note_size(note).width());
 }
 
-void test_dialog_3rd_part_lib_info::list_shows_the_entries_in_their_order()
+void test_dialog_3rd_part_lib_info::list_shows_the_entries_in_order()
 {
     show_list({two_lines, {"Another", "one", QString()}}, [](orv::dialog_3rd_part_lib_info &list) {
         QCOMPARE(list.layout->cells.size(), std::size_t(4));
@@ -379,7 +379,7 @@ void test_dialog_3rd_part_lib_info::list_shows_the_entries_in_their_order()
     });
 }
 
-void test_dialog_3rd_part_lib_info::each_entry_stands_on_a_widget_in_a_margin()
+void test_dialog_3rd_part_lib_info::each_entry_has_a_widget_with_a_margin()
 {
     show_list({two_lines}, [](orv::dialog_3rd_part_lib_info &list) {
         for (const int row : {1, 2}) {

@@ -116,24 +116,24 @@ private slots:
     void cleanup();
     void dialog_has_its_parent();
     void font_is_its_own();
-    void dialog_wears_its_sheet();
+    void dialog_has_its_sheet();
     void title_is_about();
     void frame_has_no_needless_buttons();
     void rows_follow_each_other();
-    void header_holds_the_logo_in_its_middle();
+    void header_has_the_logo_in_its_middle();
     void grid_holds_names_and_values();
     void left_column_is_bold();
-    void version_ends_with_a_blank_data();
-    void version_ends_with_a_blank();
+    void version_ends_with_a_space_data();
+    void version_ends_with_a_space();
     void website_is_a_coloured_link();
-    void click_on_the_website_hands_it_to_the_browser();
-    void link_has_the_hand();
+    void click_on_the_website_opens_the_browser();
+    void link_has_the_hand_cursor();
     void notice_holds_year_and_build();
-    void year_is_that_of_greenwich_data();
-    void year_is_that_of_greenwich();
+    void year_is_taken_from_greenwich_time_data();
+    void year_is_taken_from_greenwich_time();
     void all_texts_are_translated();
     void texts_are_german_with_the_catalogue();
-    void dialog_is_wider_than_its_content_asks();
+    void dialog_is_wider_than_its_content_needs();
     void dialog_cant_be_resized();
 };
 
@@ -162,7 +162,7 @@ void test_dialog_about::font_is_its_own()
     QCOMPARE(dialog.font().weight(), static_cast<int>(QFont::Normal));
 }
 
-void test_dialog_about::dialog_wears_its_sheet()
+void test_dialog_about::dialog_has_its_sheet()
 {
     const orv::dialog_about dialog(nullptr, true);
     QCOMPARE(dialog.styleSheet(),
@@ -205,7 +205,7 @@ void test_dialog_about::rows_follow_each_other()
         QCOMPARE(root->itemAt(row)->alignment(), Qt::AlignHCenter | Qt::AlignVCenter);
 }
 
-void test_dialog_about::header_holds_the_logo_in_its_middle()
+void test_dialog_about::header_has_the_logo_in_its_middle()
 {
     const orv::dialog_about dialog(nullptr, true);
     const QWidget *header = header_of(dialog);
@@ -256,7 +256,7 @@ void test_dialog_about::left_column_is_bold()
     }
 }
 
-void test_dialog_about::version_ends_with_a_blank_data()
+void test_dialog_about::version_ends_with_a_space_data()
 {
     QTest::addColumn<QString>("version");
     QTest::addColumn<QString>("shown");
@@ -264,11 +264,11 @@ void test_dialog_about::version_ends_with_a_blank_data()
                               << "2.0.2 - 64 Bit ";
     QTest::newRow("another one") << "3.14"
                                  << "3.14 - 64 Bit ";
-    QTest::newRow("marks of places stay") << "%1 %2"
-                                          << "%1 %2 - 64 Bit ";
+    QTest::newRow("placeholders stay") << "%1 %2"
+                                       << "%1 %2 - 64 Bit ";
 }
 
-void test_dialog_about::version_ends_with_a_blank()
+void test_dialog_about::version_ends_with_a_space()
 {
     QFETCH(QString, version);
     QFETCH(QString, shown);
@@ -298,7 +298,7 @@ void test_dialog_about::website_is_a_coloured_link()
     QCOMPARE(fragments, 1);
 }
 
-void test_dialog_about::click_on_the_website_hands_it_to_the_browser()
+void test_dialog_about::click_on_the_website_opens_the_browser()
 {
     const opened_urls browser;
     orv::dialog_about dialog(nullptr, true);
@@ -312,7 +312,7 @@ void test_dialog_about::click_on_the_website_hands_it_to_the_browser()
     QCOMPARE(browser.urls.first().scheme(), QString("https"));
 }
 
-void test_dialog_about::link_has_the_hand()
+void test_dialog_about::link_has_the_hand_cursor()
 {
     const orv::dialog_about dialog(nullptr, true);
     QCOMPARE(link_of(dialog)->text(), QString("Click here for 3rd party library information"));
@@ -329,7 +329,7 @@ void test_dialog_about::notice_holds_year_and_build()
     QVERIFY2(notice.left(notice.size() - build.size()).contains("2100"), qPrintable(notice));
 }
 
-void test_dialog_about::year_is_that_of_greenwich_data()
+void test_dialog_about::year_is_taken_from_greenwich_time_data()
 {
     QTest::addColumn<qint64>("second");
     QTest::addColumn<QByteArray>("zone");
@@ -342,7 +342,7 @@ void test_dialog_about::year_is_that_of_greenwich_data()
         << qint64(1925000000) << QByteArray("Europe/Berlin") << "2031";
 }
 
-void test_dialog_about::year_is_that_of_greenwich()
+void test_dialog_about::year_is_taken_from_greenwich_time()
 {
     QFETCH(qint64, second);
     QFETCH(QByteArray, zone);
@@ -379,7 +379,7 @@ void test_dialog_about::texts_are_german_with_the_catalogue()
 }
 
 /// Tries versions of several lengths, since not every width has a fraction to cut off.
-void test_dialog_about::dialog_is_wider_than_its_content_asks()
+void test_dialog_about::dialog_is_wider_than_its_content_needs()
 {
     double greatest_fraction = 0;
     for (int length = 50; length < 60; ++length) {

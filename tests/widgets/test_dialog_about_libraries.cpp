@@ -24,7 +24,7 @@ QStringList entries_of(const orv::dialog_3rd_part_lib_info &list)
 
 /// Clicks the link of a dialog that isn't on the screen, and closes the list that opens. Returns
 /// the entries of the list.
-QStringList entries_behind_link(orv::dialog_about &dialog)
+QStringList entries_after_click(orv::dialog_about &dialog)
 {
     QStringList entries;
     const when_modal<orv::dialog_3rd_part_lib_info> answer(
@@ -46,13 +46,13 @@ private slots:
     void click_opens_the_list_over_the_dialog();
     void other_buttons_open_nothing_data();
     void other_buttons_open_nothing();
-    void click_hands_the_dialog_over();
+    void click_passes_the_dialog_on();
     void link_without_a_function_does_nothing();
     void list_names_the_tool_where_it_should_data();
     void list_names_the_tool_where_it_should();
-    void list_names_the_tools_user();
+    void list_names_the_program_that_uses_the_tool();
     void list_of_the_toolkit_is_german_with_the_catalogue();
-    void list_opens_again_and_goes_with_the_dialog();
+    void list_can_be_reopened_and_is_deleted_with_the_dialog();
 };
 
 void test_dialog_about_libraries::click_opens_the_list_over_the_dialog()
@@ -100,7 +100,7 @@ void test_dialog_about_libraries::other_buttons_open_nothing()
     QVERIFY(dialog.isVisible());
 }
 
-void test_dialog_about_libraries::click_hands_the_dialog_over()
+void test_dialog_about_libraries::click_passes_the_dialog_on()
 {
     QList<orv::dialog_about *> calls;
     orv::dialog_about dialog(nullptr, true);
@@ -132,7 +132,7 @@ void test_dialog_about_libraries::list_names_the_tool_where_it_should()
 {
     QFETCH(bool, list_metadata_tool);
     orv::dialog_about dialog(nullptr, list_metadata_tool);
-    const QStringList entries = entries_behind_link(dialog);
+    const QStringList entries = entries_after_click(dialog);
     QCOMPARE(entries.size(), list_metadata_tool ? 2 : 1);
     QVERIFY(entries.first().startsWith("Qt 5.6.2: "));
     if (list_metadata_tool) {
@@ -143,14 +143,14 @@ void test_dialog_about_libraries::list_names_the_tool_where_it_should()
     }
 }
 
-void test_dialog_about_libraries::list_names_the_tools_user()
+void test_dialog_about_libraries::list_names_the_program_that_uses_the_tool()
 {
     orv::dialog_about dialog(nullptr, true);
-    const QString by_itself = entries_behind_link(dialog).last();
+    const QString by_itself = entries_after_click(dialog).last();
     dialog.third_party_info = [](orv::dialog_about *about) {
         orv::dialog_about::show_libraries(about, "Somebody");
     };
-    QCOMPARE(entries_behind_link(dialog).last(),
+    QCOMPARE(entries_after_click(dialog).last(),
              QString(by_itself).replace("This application", "Somebody"));
 }
 
@@ -158,12 +158,12 @@ void test_dialog_about_libraries::list_of_the_toolkit_is_german_with_the_catalog
 {
     const german_catalogues german;
     orv::dialog_about dialog(nullptr, true);
-    const QStringList entries = entries_behind_link(dialog);
+    const QStringList entries = entries_after_click(dialog);
     QVERIFY2(entries.last().startsWith("Exiftool: Diese Anwendung verwendet Exiftool von "),
              qPrintable(entries.last()));
 }
 
-void test_dialog_about_libraries::list_opens_again_and_goes_with_the_dialog()
+void test_dialog_about_libraries::list_can_be_reopened_and_is_deleted_with_the_dialog()
 {
     QList<QPointer<QWidget>> lists;
     {

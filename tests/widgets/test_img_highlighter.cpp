@@ -125,15 +125,15 @@ void test_img_highlighter::tinted_icon_moves_its_colours_data()
         << pixel_rows{{qRgb(10, 10, 10), qRgb(90, 105, 100)}, {qRgb(130, 130, 130), qRgb(0, 0, 0)}}
         << pixel_rows{{qRgb(120, 105, 110), qRgb(200, 200, 200)},
                       {qRgb(240, 225, 230), qRgb(110, 95, 100)}};
-    QTest::newRow("closest by its red")
+    QTest::newRow("closest by red")
         << qRgb(40, 100, 100) << qRgb(140, 100, 100)
         << pixel_rows{{qRgb(20, 100, 100), qRgb(50, 100, 100), qRgb(10, 100, 100)}}
         << pixel_rows{{qRgb(110, 100, 100), qRgb(140, 100, 100), qRgb(100, 100, 100)}};
-    QTest::newRow("closest by its green")
+    QTest::newRow("closest by green")
         << qRgb(100, 40, 100) << qRgb(100, 140, 100)
         << pixel_rows{{qRgb(100, 20, 100), qRgb(100, 50, 100), qRgb(100, 10, 100)}}
         << pixel_rows{{qRgb(100, 110, 100), qRgb(100, 140, 100), qRgb(100, 100, 100)}};
-    QTest::newRow("closest by its blue")
+    QTest::newRow("closest by blue")
         << qRgb(100, 100, 40) << qRgb(100, 100, 140)
         << pixel_rows{{qRgb(100, 100, 20), qRgb(100, 100, 50), qRgb(100, 100, 10)}}
         << pixel_rows{{qRgb(100, 100, 110), qRgb(100, 100, 140), qRgb(100, 100, 100)}};

@@ -69,12 +69,12 @@ class test_message_box : public QObject
 private slots:
     void each_call_shows_its_icon_and_texts_data();
     void each_call_shows_its_icon_and_texts();
-    void box_wears_the_dark_skin();
+    void box_has_the_dark_skin();
     void box_is_a_dialog_of_fixed_size();
-    void box_shows_exactly_the_buttons_asked_for_data();
-    void box_shows_exactly_the_buttons_asked_for();
+    void box_shows_exactly_the_requested_buttons_data();
+    void box_shows_exactly_the_requested_buttons();
     void buttons_have_no_icons();
-    void buttons_have_the_words_given();
+    void buttons_have_the_given_texts();
     void default_button_follows_the_rule_data();
     void default_button_follows_the_rule();
     void every_button_returns_itself_data();
@@ -86,7 +86,7 @@ private slots:
     void box_without_an_escape_button_stays_open();
     void result_minus_one_counts_as_cancel_data();
     void result_minus_one_counts_as_cancel();
-    void text_can_be_marked_once_the_style_says_so();
+    void text_can_be_selected_once_the_style_allows_it();
 };
 
 void test_message_box::each_call_shows_its_icon_and_texts_data()
@@ -117,10 +117,10 @@ void test_message_box::each_call_shows_its_icon_and_texts_data()
     row("question", QMessageBox::Question, QMessageBox::Ok, [ok](QWidget *parent) {
         return message_box::question(parent, "A title", "A <text>", ok, 0);
     });
-    row("question with two words", QMessageBox::Question, 0x14000, [](QWidget *parent) {
+    row("question with two button texts", QMessageBox::Question, 0x14000, [](QWidget *parent) {
         return message_box::question(parent, "A title", "A <text>", "Aye", "Nay", QMessageBox::Yes);
     });
-    row("question with three words", QMessageBox::Question, 0x414000, [](QWidget *parent) {
+    row("question with three button texts", QMessageBox::Question, 0x414000, [](QWidget *parent) {
         return message_box::question(parent, "A title", "A <text>", "Aye", "Nay", "Later",
                                      QMessageBox::Yes);
     });
@@ -144,7 +144,7 @@ void test_message_box::each_call_shows_its_icon_and_texts()
     QVERIFY(answer.answered());
 }
 
-void test_message_box::box_wears_the_dark_skin()
+void test_message_box::box_has_the_dark_skin()
 {
     when_modal<message_box> answer([](message_box &box) {
         QCOMPARE(box.styleSheet(), QString(box_sheet));
@@ -169,7 +169,7 @@ void test_message_box::box_is_a_dialog_of_fixed_size()
     QVERIFY(answer.answered());
 }
 
-void test_message_box::box_shows_exactly_the_buttons_asked_for_data()
+void test_message_box::box_shows_exactly_the_requested_buttons_data()
 {
     QTest::addColumn<int>("buttons");
     QTest::newRow("one") << static_cast<int>(QMessageBox::Ok);
@@ -178,7 +178,7 @@ void test_message_box::box_shows_exactly_the_buttons_asked_for_data()
     QTest::newRow("all eighteen") << 0x0FFFFC00;
 }
 
-void test_message_box::box_shows_exactly_the_buttons_asked_for()
+void test_message_box::box_shows_exactly_the_requested_buttons()
 {
     QFETCH(int, buttons);
     when_modal<message_box> answer([buttons](message_box &box) {
@@ -203,7 +203,7 @@ void test_message_box::buttons_have_no_icons()
     QVERIFY(answer.answered());
 }
 
-void test_message_box::buttons_have_the_words_given()
+void test_message_box::buttons_have_the_given_texts()
 {
     when_modal<message_box> two([](message_box &box) {
         QCOMPARE(box.button(QMessageBox::Yes)->text(), QString("Aye"));
@@ -233,12 +233,12 @@ void test_message_box::default_button_follows_the_rule_data()
     row("none named: Ok accepts", box::Ok | box::Cancel, 0, box::Ok);
     row("none named: Save accepts", box::Save | box::Discard | box::Cancel, 0, box::Save);
     row("none named: the first that accepts", box::Open | box::Save | box::Close, 0, box::Save);
-    row("none named: Yes and No have roles of their own", box::Yes | box::No, 0, 0);
+    row("none named: Yes and No have other roles", box::Yes | box::No, 0, 0);
     row("none named: Cancel and Close don't accept", box::Cancel | box::Close, 0, 0);
     row("named", box::Ok | box::Cancel, box::Cancel, box::Cancel);
     row("Yes named", box::Yes | box::No, box::Yes, box::Yes);
     row("No named", box::Yes | box::No, box::No, box::No);
-    row("named one isn't there", box::Ok | box::Cancel, box::Yes, 0);
+    row("named one is missing", box::Ok | box::Cancel, box::Yes, 0);
 }
 
 void test_message_box::default_button_follows_the_rule()
@@ -263,20 +263,20 @@ void test_message_box::every_button_returns_itself_data()
     const auto row = [](const char *name, int button, const box_call &open) {
         QTest::newRow(name) << open << button;
     };
-    const box_call two_words = [](QWidget *parent) {
+    const box_call two_texts = [](QWidget *parent) {
         return message_box::question(parent, "", "", "Aye", "Nay", QMessageBox::No);
     };
-    const box_call three_words = [](QWidget *parent) {
+    const box_call three_texts = [](QWidget *parent) {
         return message_box::question(parent, "", "", "Aye", "Nay", "Later", QMessageBox::No);
     };
     const box_call warning = [](QWidget *parent) {
         return message_box::warning(parent, "", "", QMessageBox::Ok | QMessageBox::Retry, 0);
     };
-    row("Yes of two words", QMessageBox::Yes, two_words);
-    row("No of two words", QMessageBox::No, two_words);
-    row("Yes of three words", QMessageBox::Yes, three_words);
-    row("No of three words", QMessageBox::No, three_words);
-    row("Cancel of three words", QMessageBox::Cancel, three_words);
+    row("Yes of two texts", QMessageBox::Yes, two_texts);
+    row("No of two texts", QMessageBox::No, two_texts);
+    row("Yes of three texts", QMessageBox::Yes, three_texts);
+    row("No of three texts", QMessageBox::No, three_texts);
+    row("Cancel of three texts", QMessageBox::Cancel, three_texts);
     row("Ok", QMessageBox::Ok, warning);
     row("Retry", QMessageBox::Retry, warning);
 }
@@ -314,7 +314,7 @@ void test_message_box::escape_gives_the_escape_button_data()
     using box = QMessageBox;
     row("Cancel", box::Yes | box::No | box::Cancel, box::Cancel);
     row("No, without a Cancel", box::Yes | box::No, box::No);
-    row("a lone button", box::Ok, box::Ok);
+    row("a single button", box::Ok, box::Ok);
 }
 
 void test_message_box::escape_gives_the_escape_button()
@@ -352,7 +352,7 @@ void test_message_box::result_minus_one_counts_as_cancel_data()
     QTest::addColumn<box_call>("open");
     QTest::newRow("one button") << ask_with(QMessageBox::Ok, no_default);
     QTest::newRow("without a Cancel") << ask_with(QMessageBox::Yes | QMessageBox::No, no_default);
-    QTest::newRow("two words") << box_call([](QWidget *parent) {
+    QTest::newRow("two button texts") << box_call([](QWidget *parent) {
         return message_box::question(parent, "", "", "Aye", "Nay", no_default);
     });
 }
@@ -366,7 +366,7 @@ void test_message_box::result_minus_one_counts_as_cancel()
 }
 
 /// A box adopts another style while it is open, as any box of Qt does.
-void test_message_box::text_can_be_marked_once_the_style_says_so()
+void test_message_box::text_can_be_selected_once_the_style_allows_it()
 {
     when_modal<message_box> answer([](message_box &box) {
         const auto *label = box.findChild<QLabel *>("qt_msgbox_label");

@@ -41,7 +41,7 @@ private slots:
     void cannot_be_cancelled();
     void stays_hidden_until_a_value_comes();
     void hides_at_the_maximum_and_starts_again();
-    void bar_counts_in_words();
+    void bar_shows_the_count_as_text();
 
 private:
     orv::progress_dialog *dialog = nullptr;
@@ -74,7 +74,7 @@ void test_progress_dialog::is_a_fifth_wider_than_qt_makes_it_data()
 {
     QTest::addColumn<QString>("label");
     QTest::newRow("short label") << "Loading files";
-    QTest::newRow("label that decides on the width") << QString(80, 'w');
+    QTest::newRow("label that sets the width") << QString(80, 'w');
 }
 
 void test_progress_dialog::is_a_fifth_wider_than_qt_makes_it()
@@ -133,7 +133,7 @@ void test_progress_dialog::hides_at_the_maximum_and_starts_again()
     }
 }
 
-void test_progress_dialog::bar_counts_in_words()
+void test_progress_dialog::bar_shows_the_count_as_text()
 {
     const auto *bar = dialog->findChild<QProgressBar *>();
     QVERIFY(bar);

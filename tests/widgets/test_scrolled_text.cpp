@@ -189,7 +189,7 @@ private slots:
     void box_leaves_room_for_its_frame();
     void box_leaves_room_for_its_frame_over_a_maximized_window();
     void box_stays_on_the_screen_beside_its_owner();
-    void start_and_question_are_in_sight();
+    void start_and_question_are_visible();
     void text_without_a_question_scrolls_as_a_whole_data();
     void text_without_a_question_scrolls_as_a_whole();
     void question_of_a_rich_text_scrolls_with_it();
@@ -258,9 +258,9 @@ void test_scrolled_text::box_is_no_bigger_than_its_screen_data()
     const QString words = QString("some words ").repeated(1000);
     row("names and a question", list_with_question(many));
     row("two thousand names", list_with_question(2000));
-    row("names alone", list_of(many));
+    row("only names", list_of(many));
     row("long question", "Names\n\n" + words);
-    row("words without an end", words);
+    row("endless words", words);
     row("rich text", "<b>" + words + "</b>");
     row("a wide name", list_of(2) + "\n" + long_name(1000) + "\n\n" + question);
     row("a wide word in rich text", "<b>" + long_name(1000) + "</b>");
@@ -331,7 +331,7 @@ void test_scrolled_text::box_stays_on_the_screen_beside_its_owner()
         &owner);
 }
 
-void test_scrolled_text::start_and_question_are_in_sight()
+void test_scrolled_text::start_and_question_are_visible()
 {
     open_box(list_with_question(many), [](message_box &box) {
         const QList<wrapped_label *> labels = labels_of(box);

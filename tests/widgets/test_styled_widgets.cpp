@@ -115,17 +115,17 @@ private slots:
     void class_is_known_by_its_name();
     void sheet_has_its_bytes_data();
     void sheet_has_its_bytes();
-    void lineedit_is_met_by_its_selector();
+    void lineedit_is_matched_by_its_selector();
     void panel_frames_its_content_data();
     void panel_frames_its_content();
-    void popup_is_twenty_pixels_a_row_data();
-    void popup_is_twenty_pixels_a_row();
+    void popup_has_twenty_pixels_per_row_data();
+    void popup_has_twenty_pixels_per_row();
     void rows_fill_the_popup_data();
     void rows_fill_the_popup();
     void wheel_moves_the_choice_unless_disabled();
-    void label_is_clicked_by_the_left_button_alone_data();
-    void label_is_clicked_by_the_left_button_alone();
-    void label_keeps_its_presses_to_itself();
+    void label_is_clicked_only_by_the_left_button_data();
+    void label_is_clicked_only_by_the_left_button();
+    void label_does_not_pass_presses_on();
     void scroll_bars_get_sheet_and_style_data();
     void scroll_bars_get_sheet_and_style();
 };
@@ -171,7 +171,7 @@ void test_styled_widgets::sheet_has_its_bytes()
     QCOMPARE(sheet, expected);
 }
 
-void test_styled_widgets::lineedit_is_met_by_its_selector()
+void test_styled_widgets::lineedit_is_matched_by_its_selector()
 {
     orv::lineedit field;
     field.setStyleSheet(orv::lineedit::sheet);
@@ -212,7 +212,7 @@ void test_styled_widgets::panel_frames_its_content()
     check_plain_layout(frame, 3, content);
 }
 
-void test_styled_widgets::popup_is_twenty_pixels_a_row_data()
+void test_styled_widgets::popup_has_twenty_pixels_per_row_data()
 {
     QTest::addColumn<int>("items");
     QTest::addColumn<int>("max_visible_items");
@@ -222,7 +222,7 @@ void test_styled_widgets::popup_is_twenty_pixels_a_row_data()
     QTest::newRow("more items than Qt shows at once") << 15 << 10;
 }
 
-void test_styled_widgets::popup_is_twenty_pixels_a_row()
+void test_styled_widgets::popup_has_twenty_pixels_per_row()
 {
     QFETCH(int, items);
     QFETCH(int, max_visible_items);
@@ -295,7 +295,7 @@ void test_styled_widgets::wheel_moves_the_choice_unless_disabled()
     QCOMPARE(box.currentText(), QString("b"));
 }
 
-void test_styled_widgets::label_is_clicked_by_the_left_button_alone_data()
+void test_styled_widgets::label_is_clicked_only_by_the_left_button_data()
 {
     QTest::addColumn<Qt::MouseButton>("button");
     QTest::addColumn<int>("clicks");
@@ -304,7 +304,7 @@ void test_styled_widgets::label_is_clicked_by_the_left_button_alone_data()
     QTest::newRow("middle") << Qt::MiddleButton << 0;
 }
 
-void test_styled_widgets::label_is_clicked_by_the_left_button_alone()
+void test_styled_widgets::label_is_clicked_only_by_the_left_button()
 {
     QFETCH(Qt::MouseButton, button);
     QFETCH(int, clicks);
@@ -317,7 +317,7 @@ void test_styled_widgets::label_is_clicked_by_the_left_button_alone()
 }
 
 /// QLabel's own handler would pass them on to the parent.
-void test_styled_widgets::label_keeps_its_presses_to_itself()
+void test_styled_widgets::label_does_not_pass_presses_on()
 {
     press_counter parent;
     orv::clickable_label label("more", &parent);

@@ -154,10 +154,10 @@ private slots:
     void text_of_a_box_is_read();
     void link_is_named_by_its_text();
     void progress_is_named_by_its_label();
-    void tab_reaches_fields_and_formats_alone();
+    void tab_reaches_only_fields_and_formats();
     void tab_goes_round_the_window_data();
     void tab_goes_round_the_window();
-    void mouse_leaves_the_keyboard_where_it_is();
+    void mouse_does_not_move_the_keyboard_focus();
 
 private:
     template <class Text>
@@ -336,7 +336,7 @@ void test_accessible_names::progress_is_named_by_its_label()
 }
 
 /// The tab key leaves a group of radio buttons, so only the focus chain shows the order within it.
-void test_accessible_names::tab_reaches_fields_and_formats_alone()
+void test_accessible_names::tab_reaches_only_fields_and_formats()
 {
     QCOMPARE(tab_chain(window.get()), field_names + format_names);
 }
@@ -369,7 +369,7 @@ void test_accessible_names::tab_goes_round_the_window()
     QCOMPARE(visited, stops);
 }
 
-void test_accessible_names::mouse_leaves_the_keyboard_where_it_is()
+void test_accessible_names::mouse_does_not_move_the_keyboard_focus()
 {
     orv::lineedit *field = shift_field(*window, "hour");
     click(field);

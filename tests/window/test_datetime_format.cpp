@@ -117,11 +117,11 @@ class test_datetime_format : public QObject
 private slots:
     void init() { clear_settings(); }
     void panel_has_its_name_size_and_sheet();
-    void frames_stand_in_their_grids();
+    void frames_are_in_their_grids();
     void spacers_push_the_buttons_to_the_corner();
     void headings_are_bold_and_above_their_columns();
-    void button_has_label_place_and_sheet_data() { add_format_rows(); }
-    void button_has_label_place_and_sheet();
+    void button_has_label_position_and_sheet_data() { add_format_rows(); }
+    void button_has_label_position_and_sheet();
     void buttons_make_two_exclusive_groups();
     void starts_with_the_defaults_and_stores_nothing();
     void stored_format_is_shown_data() { add_format_rows(); }
@@ -130,11 +130,11 @@ private slots:
     void click_stores_and_sends_the_format();
     void click_on_the_checked_button_stores_and_sends_again();
     void unknown_format_is_kept_and_leaves_the_default_checked();
-    void lone_stored_key_leaves_the_other_default_data();
-    void lone_stored_key_leaves_the_other_default();
+    void single_stored_key_leaves_the_other_default_data();
+    void single_stored_key_leaves_the_other_default();
     void unknown_format_survives_a_click_in_the_other_group();
     void formats_are_joined_in_one_step();
-    void loading_again_takes_the_stored_formats();
+    void loading_again_uses_the_stored_formats();
     void tab_order_goes_down_the_columns();
 
 private:
@@ -152,7 +152,7 @@ void test_datetime_format::panel_has_its_name_size_and_sheet()
     QCOMPARE(panel.styleSheet(), QString(panel_sheet));
 }
 
-void test_datetime_format::frames_stand_in_their_grids()
+void test_datetime_format::frames_are_in_their_grids()
 {
     selector panel;
     auto *outer = panel.part<QWidget>("widget_3");
@@ -210,7 +210,7 @@ void test_datetime_format::headings_are_bold_and_above_their_columns()
     }
 }
 
-void test_datetime_format::button_has_label_place_and_sheet()
+void test_datetime_format::button_has_label_position_and_sheet()
 {
     QFETCH(QString, label);
     QFETCH(int, row);
@@ -309,7 +309,7 @@ void test_datetime_format::unknown_format_is_kept_and_leaves_the_default_checked
     QCOMPARE(stored(), QStringList({"ddd d. MMMM", "H'h'"}));
 }
 
-void test_datetime_format::lone_stored_key_leaves_the_other_default_data()
+void test_datetime_format::single_stored_key_leaves_the_other_default_data()
 {
     QTest::addColumn<QString>("value");
     QTest::addColumn<QString>("joined");
@@ -319,7 +319,7 @@ void test_datetime_format::lone_stored_key_leaves_the_other_default_data()
                                  << "dd.MM.yyyy - HH:mm";
 }
 
-void test_datetime_format::lone_stored_key_leaves_the_other_default()
+void test_datetime_format::single_stored_key_leaves_the_other_default()
 {
     QFETCH(QString, value);
     QFETCH(QString, joined);
@@ -346,7 +346,7 @@ void test_datetime_format::formats_are_joined_in_one_step()
     QCOMPARE(panel.format_string(), QString("%2 - %1"));
 }
 
-void test_datetime_format::loading_again_takes_the_stored_formats()
+void test_datetime_format::loading_again_uses_the_stored_formats()
 {
     selector panel;
     store("MM/dd/yyyy", "HH:mm");

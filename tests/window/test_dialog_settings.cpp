@@ -128,26 +128,26 @@ private slots:
     void dialog_has_its_title_and_parent();
     void frame_has_no_help_button();
     void panel_fills_the_dialog();
-    void content_stands_in_its_grid();
-    void label_stands_before_the_box();
-    void box_wears_its_sheet_and_has_its_sizes();
+    void content_is_in_its_grid();
+    void label_is_before_the_box();
+    void box_has_its_sheet_and_sizes();
     void box_lists_the_languages();
     void texts_are_german_with_the_catalogue();
     void names_of_languages_arent_translated();
-    void dialog_is_wider_than_its_content_asks();
+    void dialog_is_wider_than_its_content_needs();
     void dialog_cant_be_resized();
     void dialog_has_no_buttons_of_its_own();
     void shows_the_current_language_data();
     void shows_the_current_language();
     void opening_and_closing_stores_nothing_data();
     void opening_and_closing_stores_nothing();
-    void pick_is_stored_at_once_data();
-    void pick_is_stored_at_once();
+    void pick_is_stored_immediately_data();
+    void pick_is_stored_immediately();
     void picking_back_stores_again();
     void picking_the_current_one_stores_nothing_data();
     void picking_the_current_one_stores_nothing();
     void pick_replaces_an_unknown_language();
-    void pick_is_in_the_file_behind_the_dialog();
+    void pick_is_in_the_file_after_the_dialog();
     void failed_write_goes_unnoticed();
 };
 
@@ -182,7 +182,7 @@ void test_dialog_settings::panel_fills_the_dialog()
                                           "border-image:url(:/gui/panel/border.png) 3 stretch;}"));
 }
 
-void test_dialog_settings::content_stands_in_its_grid()
+void test_dialog_settings::content_is_in_its_grid()
 {
     const dialog_settings dialog(nullptr);
     const QWidget *content = content_of(dialog);
@@ -194,7 +194,7 @@ void test_dialog_settings::content_stands_in_its_grid()
     QCOMPARE(grid->count(), 2);
 }
 
-void test_dialog_settings::label_stands_before_the_box()
+void test_dialog_settings::label_is_before_the_box()
 {
     const dialog_settings dialog(nullptr);
     auto *label = dialog.findChild<QLabel *>();
@@ -205,7 +205,7 @@ void test_dialog_settings::label_stands_before_the_box()
     QCOMPARE(place_in(grid, box_of(dialog)), QVector<int>({0, 1, 1, 1}));
 }
 
-void test_dialog_settings::box_wears_its_sheet_and_has_its_sizes()
+void test_dialog_settings::box_has_its_sheet_and_sizes()
 {
     const dialog_settings dialog(nullptr);
     const orv::combobox *box = box_of(dialog);
@@ -247,7 +247,7 @@ void test_dialog_settings::names_of_languages_arent_translated()
 }
 
 /// Tries fonts of several sizes, since not every width has a fraction to cut off.
-void test_dialog_settings::dialog_is_wider_than_its_content_asks()
+void test_dialog_settings::dialog_is_wider_than_its_content_needs()
 {
     const QFont font_before = QApplication::font();
     double greatest_fraction = 0;
@@ -332,7 +332,7 @@ void test_dialog_settings::opening_and_closing_stores_nothing()
     QCOMPARE(stored_language(), stored);
 }
 
-void test_dialog_settings::pick_is_stored_at_once_data()
+void test_dialog_settings::pick_is_stored_immediately_data()
 {
     QTest::addColumn<pick>("choose");
     QTest::addColumn<QString>("before");
@@ -351,7 +351,7 @@ void test_dialog_settings::pick_is_stored_at_once_data()
     }
 }
 
-void test_dialog_settings::pick_is_stored_at_once()
+void test_dialog_settings::pick_is_stored_immediately()
 {
     QFETCH(pick, choose);
     QFETCH(QString, before);
@@ -414,7 +414,7 @@ void test_dialog_settings::pick_replaces_an_unknown_language()
     QCOMPARE(stored_language(), QString("de"));
 }
 
-void test_dialog_settings::pick_is_in_the_file_behind_the_dialog()
+void test_dialog_settings::pick_is_in_the_file_after_the_dialog()
 {
     run_dialog([](dialog_settings &dialog) { pick_by_arrow(*box_of(dialog), english_row); });
     QFile file(QSettings().fileName());

@@ -66,13 +66,13 @@ class test_drop_files_widget : public QObject
 private slots:
     void init();
 
-    void drag_is_taken_for_its_uri_list_alone_data();
-    void drag_is_taken_for_its_uri_list_alone();
-    void taken_drag_keeps_the_proposed_action();
+    void drag_is_accepted_only_for_its_uri_list_data();
+    void drag_is_accepted_only_for_its_uri_list();
+    void accepted_drag_keeps_the_proposed_action();
     void drop_sends_its_files_data();
     void drop_sends_its_files();
     void files_come_in_the_order_of_the_drop();
-    void folder_stands_in_its_place_of_the_drop();
+    void folder_keeps_its_place_in_the_drop();
     void drop_without_local_files_sends_an_empty_list_data();
     void drop_without_local_files_sends_an_empty_list();
     void drop_is_accepted_with_the_proposed_action_data();
@@ -81,8 +81,8 @@ private slots:
 
     void folder_gives_its_plain_files_data();
     void folder_gives_its_plain_files();
-    void folder_leaves_out_what_the_user_may_not_read();
-    void folder_that_is_not_there_gives_nothing();
+    void folder_leaves_out_files_that_the_user_may_not_read();
+    void missing_folder_gives_nothing();
     void folder_paths_are_absolute();
 
 private:
@@ -133,7 +133,7 @@ QStringList test_drop_files_widget::dropped(const QList<QUrl> &urls)
     return spy[0][0].toStringList();
 }
 
-void test_drop_files_widget::drag_is_taken_for_its_uri_list_alone_data()
+void test_drop_files_widget::drag_is_accepted_only_for_its_uri_list_data()
 {
     QTest::addColumn<QString>("format");
     QTest::addColumn<bool>("taken");
@@ -144,7 +144,7 @@ void test_drop_files_widget::drag_is_taken_for_its_uri_list_alone_data()
     QTest::newRow("nothing") << "" << false;
 }
 
-void test_drop_files_widget::drag_is_taken_for_its_uri_list_alone()
+void test_drop_files_widget::drag_is_accepted_only_for_its_uri_list()
 {
     QFETCH(QString, format);
     QMimeData data;
@@ -156,7 +156,7 @@ void test_drop_files_widget::drag_is_taken_for_its_uri_list_alone()
     QTEST(event.isAccepted(), "taken");
 }
 
-void test_drop_files_widget::taken_drag_keeps_the_proposed_action()
+void test_drop_files_widget::accepted_drag_keeps_the_proposed_action()
 {
     QMimeData data;
     data.setUrls({local(in_folder("vanished.jpg"))});
@@ -176,9 +176,9 @@ void test_drop_files_widget::drop_sends_its_files_data()
     const QStringList album = {"album/a.jpg", "album/b.txt", "album/link.jpg"};
     QTest::newRow("file") << QStringList{"single.jpg"} << QStringList{"single.jpg"};
     QTest::newRow("first level of a folder") << QStringList{"album"} << album;
-    QTest::newRow("folder with a slash behind it") << QStringList{"album/"} << album;
+    QTest::newRow("folder with a trailing slash") << QStringList{"album/"} << album;
     QTest::newRow("empty folder") << QStringList{"empty"} << QStringList{};
-    QTest::newRow("hidden file by itself")
+    QTest::newRow("hidden file on its own")
         << QStringList{"album/.hidden.jpg"} << QStringList{"album/.hidden.jpg"};
     QTest::newRow("link to a file")
         << QStringList{"album/link.jpg"} << QStringList{"album/link.jpg"};
@@ -210,7 +210,7 @@ void test_drop_files_widget::files_come_in_the_order_of_the_drop()
     QCOMPARE(dropped(urls), names);
 }
 
-void test_drop_files_widget::folder_stands_in_its_place_of_the_drop()
+void test_drop_files_widget::folder_keeps_its_place_in_the_drop()
 {
     const QString path = in_folder("album/older");
     const QStringList expected = in_folder(QStringList{
@@ -272,7 +272,7 @@ void test_drop_files_widget::folder_gives_its_plain_files_data()
     QTest::addColumn<QStringList>("expected");
     QTest::newRow("one level, without hidden and system files")
         << "album" << QStringList{"album/a.jpg", "album/b.txt", "album/link.jpg"};
-    QTest::newRow("slash behind it")
+    QTest::newRow("trailing slash")
         << "album/" << QStringList{"album/a.jpg", "album/b.txt", "album/link.jpg"};
     QTest::newRow("link keeps its name")
         << "album_link"
@@ -287,7 +287,7 @@ void test_drop_files_widget::folder_gives_its_plain_files()
     QCOMPARE(sorted(folder_files(in_folder(name))), sorted(in_folder(expected)));
 }
 
-void test_drop_files_widget::folder_leaves_out_what_the_user_may_not_read()
+void test_drop_files_widget::folder_leaves_out_files_that_the_user_may_not_read()
 {
     const QString home = QFileInfo(QDir::tempPath()).path();
     for (const QString &path : {home, QDir::tempPath(), folder->path(), in_folder("album")})
@@ -298,7 +298,7 @@ void test_drop_files_widget::folder_leaves_out_what_the_user_may_not_read()
              in_folder(QStringList{"album/a.jpg", "album/link.jpg"}));
 }
 
-void test_drop_files_widget::folder_that_is_not_there_gives_nothing()
+void test_drop_files_widget::missing_folder_gives_nothing()
 {
     QCOMPARE(folder_files(in_folder("nowhere")), QStringList());
     QCOMPARE(folder_files(in_folder("single.jpg")), QStringList());

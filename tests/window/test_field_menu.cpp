@@ -23,7 +23,7 @@ private slots:
     void cleanup();
     void menu_has_qts_entries();
     void menu_has_surface_and_border_of_the_skin();
-    void entry_under_the_mouse_is_seen();
+    void entry_under_the_mouse_is_highlighted();
     void disabled_entry_looks_disabled();
     void entry_does_what_it_says();
 
@@ -150,7 +150,7 @@ void test_field_menu::menu_has_surface_and_border_of_the_skin()
     QVERIFY(qGray(brightest(entry).rgb()) > 160);
 }
 
-void test_field_menu::entry_under_the_mouse_is_seen()
+void test_field_menu::entry_under_the_mouse_is_highlighted()
 {
     const QList<QAction *> entries = entries_of(*menu);
     point_at(entries.at(copy));

@@ -192,8 +192,8 @@ void test_german_texts::text_of_a_dialog_is_german_data()
            "use the new language."
         << "Die Sprache der Benutzeroberfläche wurde geändert.\nDie Anwendung muss neu gestartet "
            "werden um die neue Sprache zu verwenden.";
-    QTest::newRow("to go on") << "MainWindow" << "Continue working" << "Weiterarbeiten";
-    QTest::newRow("to quit") << "MainWindow" << "Quit now" << "Anwendung jetzt beenden";
+    QTest::newRow("continue button") << "MainWindow" << "Continue working" << "Weiterarbeiten";
+    QTest::newRow("quit button") << "MainWindow" << "Quit now" << "Anwendung jetzt beenden";
     QTest::newRow("title") << about << "About" << "Über";
     QTest::newRow("the source is German") << about << "Webseite:" << "Webseite:";
     QTest::newRow("link")

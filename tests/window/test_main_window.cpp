@@ -48,11 +48,11 @@ private slots:
     void format_click_reaches_the_table();
     void typed_shift_reaches_the_table();
     void load_button_opens_the_file_dialog();
-    void third_header_gives_the_sorting_back();
+    void third_header_restores_the_sorting();
     void clear_empties_table_shift_and_cache();
     void clear_keeps_sorting_and_format();
     void fix_and_undo_buttons_run_their_batches();
-    void undo_can_still_run_behind_a_clear();
+    void undo_can_still_run_after_a_clear();
     void undo_stays_as_it_is_while_files_and_formats_change();
     void fix_of_an_empty_list_enables_nothing();
     void other_buttons_stay_enabled();
@@ -245,7 +245,7 @@ void test_main_window::load_button_opens_the_file_dialog()
     QCOMPARE(window->model->rowCount(), 0);
 }
 
-void test_main_window::third_header_gives_the_sorting_back()
+void test_main_window::third_header_restores_the_sorting()
 {
     show();
     QHeaderView *header = window->ui->tableView->horizontalHeader();
@@ -309,7 +309,7 @@ void test_main_window::fix_and_undo_buttons_run_their_batches()
     QVERIFY(!window->button_undo->isEnabled());
 }
 
-void test_main_window::undo_can_still_run_behind_a_clear()
+void test_main_window::undo_can_still_run_after_a_clear()
 {
     show();
     fix_one_photo();

@@ -90,13 +90,13 @@ private slots:
     void cleanup();
     void button_has_size_skin_tooltip_and_icon_data();
     void button_has_size_skin_tooltip_and_icon();
-    void icon_stands_centred_data() { button_has_size_skin_tooltip_and_icon_data(); }
-    void icon_stands_centred();
-    void undo_alone_starts_disabled();
+    void icon_is_centred_data() { button_has_size_skin_tooltip_and_icon_data(); }
+    void icon_is_centred();
+    void only_undo_starts_disabled();
     void strip_has_settings_left_and_information_right();
-    void header_has_the_big_buttons_behind_an_indent();
+    void header_has_the_big_buttons_after_an_indent();
     void header_shows_its_picture_and_logo();
-    void controls_stand_in_the_middle();
+    void controls_are_in_the_middle();
     void drop_area_shows_the_picture_of_its_language_data();
     void drop_area_shows_the_picture_of_its_language();
     void time_fields_have_the_tooltip();
@@ -164,7 +164,7 @@ void test_main_window_buttons::button_has_size_skin_tooltip_and_icon()
     QCOMPARE(bytes_of(button->icon.normal_colour), QList<int>({129, 136, 133, 255}));
 }
 
-void test_main_window_buttons::icon_stands_centred()
+void test_main_window_buttons::icon_is_centred()
 {
     QFETCH(button_field, field);
     QFETCH(QSize, size);
@@ -181,7 +181,7 @@ void test_main_window_buttons::icon_stands_centred()
     QCOMPARE(painted, expected);
 }
 
-void test_main_window_buttons::undo_alone_starts_disabled()
+void test_main_window_buttons::only_undo_starts_disabled()
 {
     for (const button_field field : all_buttons) {
         QCOMPARE((window->*field)->isEnabled(), field != &MainWindow::button_undo);
@@ -202,7 +202,7 @@ void test_main_window_buttons::strip_has_settings_left_and_information_right()
     QCOMPARE(widget_at(strip, 3), window->button_help);
 }
 
-void test_main_window_buttons::header_has_the_big_buttons_behind_an_indent()
+void test_main_window_buttons::header_has_the_big_buttons_after_an_indent()
 {
     const QLayout *frame = window->ui->widget_logo->layout();
     QVERIFY(frame);
@@ -248,7 +248,7 @@ void test_main_window_buttons::header_shows_its_picture_and_logo()
     QCOMPARE(difference(shown.copy(place), expected.copy(place)), QString());
 }
 
-void test_main_window_buttons::controls_stand_in_the_middle()
+void test_main_window_buttons::controls_are_in_the_middle()
 {
     const QLayout *controls = window->ui->dropper_controls->layout();
     QVERIFY(controls);

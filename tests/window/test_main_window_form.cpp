@@ -72,17 +72,17 @@ private slots:
     void window_has_name_size_and_sheet();
     void record_has_the_named_object_data();
     void record_has_the_named_object();
-    void widget_stands_in_its_grid_data();
-    void widget_stands_in_its_grid();
+    void widget_is_in_its_grid_data();
+    void widget_is_in_its_grid();
     void sheet_has_its_bytes_data();
     void sheet_has_its_bytes();
     void bands_have_their_heights();
-    void grids_are_tight();
+    void grids_have_no_spacing_or_margins();
     void drop_area_has_size_and_margins();
     void panels_have_their_heights();
-    void table_only_shows();
-    void table_header_shares_out_the_width();
-    void table_header_has_a_style_of_its_own();
+    void table_is_read_only();
+    void columns_share_the_tables_width();
+    void table_header_has_its_own_style();
     void table_starts_sorted_by_name();
     void scroll_bars_are_skinned();
     void progress_dialogs_have_their_labels_data();
@@ -168,7 +168,7 @@ void test_main_window_form::record_has_the_named_object()
     QVERIFY(window->findChildren<QObject *>(name).contains(record.value(name)));
 }
 
-void test_main_window_form::widget_stands_in_its_grid_data()
+void test_main_window_form::widget_is_in_its_grid_data()
 {
     QTest::addColumn<QString>("grid");
     QTest::addColumn<QVector<int>>("place");
@@ -182,7 +182,7 @@ void test_main_window_form::widget_stands_in_its_grid_data()
     QTest::newRow("tableView") << "gridLayout_2" << place{4, 1, 1, 2};
 }
 
-void test_main_window_form::widget_stands_in_its_grid()
+void test_main_window_form::widget_is_in_its_grid()
 {
     QFETCH(QString, grid);
     QFETCH(QVector<int>, place);
@@ -222,7 +222,7 @@ void test_main_window_form::bands_have_their_heights()
     QCOMPARE(ui->widget_info->minimumHeight(), 10);
 }
 
-void test_main_window_form::grids_are_tight()
+void test_main_window_form::grids_have_no_spacing_or_margins()
 {
     QCOMPARE(ui->centralWidget->layout(), ui->gridLayout);
     QCOMPARE(ui->widget_content->layout(), ui->gridLayout_2);
@@ -254,7 +254,7 @@ void test_main_window_form::panels_have_their_heights()
     QCOMPARE(ui->widget_time_adjust->minimumHeight(), 71);
 }
 
-void test_main_window_form::table_only_shows()
+void test_main_window_form::table_is_read_only()
 {
     const QTableView *table = ui->tableView;
     QCOMPARE(table->focusPolicy(), Qt::NoFocus);
@@ -276,7 +276,7 @@ void test_main_window_form::table_only_shows()
     QVERIFY(!window->model->parent());
 }
 
-void test_main_window_form::table_header_shares_out_the_width()
+void test_main_window_form::columns_share_the_tables_width()
 {
     window->show();
     QVERIFY(QTest::qWaitForWindowExposed(window));
@@ -294,7 +294,7 @@ void test_main_window_form::table_header_shares_out_the_width()
     QCOMPARE(header->sectionSize(0), 300);
 }
 
-void test_main_window_form::table_header_has_a_style_of_its_own()
+void test_main_window_form::table_header_has_its_own_style()
 {
     QApplication::setStyle("windows");
     QHeaderView *header = ui->tableView->horizontalHeader();

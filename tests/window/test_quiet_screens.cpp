@@ -256,13 +256,13 @@ class test_quiet_screens : public QObject
 
 private slots:
     void initTestCase();
-    void complaint_of_qt_is_seen_data();
-    void complaint_of_qt_is_seen();
-    void complaint_of_a_library_is_seen();
+    void complaint_of_qt_is_noticed_data();
+    void complaint_of_qt_is_noticed();
+    void complaint_of_a_library_is_noticed();
     void screen_is_quiet_data() { add_screen_rows(); }
     void screen_is_quiet();
-    void widget_of_the_kit_is_quiet_data();
-    void widget_of_the_kit_is_quiet();
+    void widget_of_the_toolkit_is_quiet_data();
+    void widget_of_the_toolkit_is_quiet();
     void screens_write_nothing_to_the_standard_error();
 
 private:
@@ -275,7 +275,7 @@ void test_quiet_screens::initTestCase()
     install_icons();
 }
 
-void test_quiet_screens::complaint_of_qt_is_seen_data()
+void test_quiet_screens::complaint_of_qt_is_noticed_data()
 {
     QTest::addColumn<widget_step>("step");
     QTest::addColumn<QString>("complaint");
@@ -290,7 +290,7 @@ void test_quiet_screens::complaint_of_qt_is_seen_data()
 }
 
 /// Shows that this test notices what Qt reports.
-void test_quiet_screens::complaint_of_qt_is_seen()
+void test_quiet_screens::complaint_of_qt_is_noticed()
 {
     QFETCH(widget_step, step);
     QFETCH(QString, complaint);
@@ -303,7 +303,7 @@ void test_quiet_screens::complaint_of_qt_is_seen()
     QVERIFY2(messages.first().startsWith(complaint), qPrintable(messages.first()));
 }
 
-void test_quiet_screens::complaint_of_a_library_is_seen()
+void test_quiet_screens::complaint_of_a_library_is_noticed()
 {
     captured_errors errors;
     std::fputs("library: no such file\n", stderr);
@@ -321,7 +321,7 @@ void test_quiet_screens::screen_is_quiet()
     QCOMPARE(messages.join('\n'), QString());
 }
 
-void test_quiet_screens::widget_of_the_kit_is_quiet_data()
+void test_quiet_screens::widget_of_the_toolkit_is_quiet_data()
 {
     QTest::addColumn<kit_step>("paint");
     const auto row = [](const char *name, kit_step paint) { QTest::newRow(name) << paint; };
@@ -342,7 +342,7 @@ void test_quiet_screens::widget_of_the_kit_is_quiet_data()
     row("widget_fold", paint_widget_fold);
 }
 
-void test_quiet_screens::widget_of_the_kit_is_quiet()
+void test_quiet_screens::widget_of_the_toolkit_is_quiet()
 {
     QFETCH(kit_step, paint);
     QCOMPARE(messages_of(paint).join('\n'), QString());

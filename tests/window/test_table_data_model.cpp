@@ -60,16 +60,16 @@ private slots:
 
     void file_is_read_when_it_is_added();
     void added_file_is_the_last_row();
-    void list_itself_says_what_is_listed();
+    void only_the_list_decides_what_is_listed();
     void file_is_listed_once_data();
     void file_is_listed_once();
     void row_is_announced_around_the_reading();
-    void row_is_added_in_silence_without_notification();
-    void file_is_looked_for_in_the_list_as_it_stands();
+    void row_is_added_without_signals_unless_requested();
+    void file_is_looked_up_in_the_current_list();
     void files_are_added_in_order_and_sorted_once();
     void empty_list_of_files_still_sorts();
-    void files_before_the_first_sort_ask_the_header_to_go_back();
-    void clear_resets_the_rows_alone();
+    void files_before_the_first_sort_reset_the_header();
+    void clear_resets_only_the_rows();
 
     void cell_by_role_data();
     void cell_by_role();
@@ -77,9 +77,9 @@ private slots:
     void time_cell_text_data();
     void time_cell_text();
     void unreadable_file_shows_dashes();
-    void reading_cells_asks_the_tool_nothing();
-    void shift_shows_in_every_row_and_moves_none();
-    void format_shows_in_both_time_columns_and_moves_none();
+    void reading_cells_sends_no_request();
+    void shift_shows_in_every_row_and_reorders_none();
+    void format_shows_in_both_time_columns_and_reorders_no_row();
     void layout_signals_surround_the_change_of_format();
     void layout_signals_surround_the_change_of_shift();
     void layout_signals_name_no_parent_and_no_hint();
@@ -168,7 +168,7 @@ void test_table_data_model::added_file_is_the_last_row()
     QCOMPARE(model->files, QStringList({"/photos/a.jpg", "/photos/c.jpg", "/photos/b.jpg"}));
 }
 
-void test_table_data_model::list_itself_says_what_is_listed()
+void test_table_data_model::only_the_list_decides_what_is_listed()
 {
     model->files = QStringList{"/photos/a.jpg", "/photos/b.jpg"};
     model->add_file("/photos/a.jpg", true);
@@ -229,7 +229,7 @@ void test_table_data_model::row_is_announced_around_the_reading()
     QCOMPARE(inserted[0][2].toInt(), 1);
 }
 
-void test_table_data_model::row_is_added_in_silence_without_notification()
+void test_table_data_model::row_is_added_without_signals_unless_requested()
 {
     const signal_log log(*model);
     tool.set_tags("a.jpg", {"ExifIFD:DateTimeOriginal=2017:05:03 12:00:00"});
@@ -238,7 +238,7 @@ void test_table_data_model::row_is_added_in_silence_without_notification()
     QCOMPARE(cell(0, column::recording_time_column).toString(), QString("03.05.2017 12:00:00"));
 }
 
-void test_table_data_model::file_is_looked_for_in_the_list_as_it_stands()
+void test_table_data_model::file_is_looked_up_in_the_current_list()
 {
     model->add_file("/photos/a.jpg", true);
     model->files = QStringList{"/photos/b.jpg"};
@@ -269,14 +269,14 @@ void test_table_data_model::empty_list_of_files_still_sorts()
     QCOMPARE(log.names, layout_signals);
 }
 
-void test_table_data_model::files_before_the_first_sort_ask_the_header_to_go_back()
+void test_table_data_model::files_before_the_first_sort_reset_the_header()
 {
     const signal_log log(*model);
     model->add_files({});
     QCOMPARE(log.names, QStringList({"sort_order_override"}));
 }
 
-void test_table_data_model::clear_resets_the_rows_alone()
+void test_table_data_model::clear_resets_only_the_rows()
 {
     add("/photos/a.jpg", {});
     model->sort(column::recording_time_column, Qt::DescendingOrder);
@@ -368,7 +368,7 @@ void test_table_data_model::time_cell_text_data()
     QTest::newRow("zone as it is stored") << QStringList{date, "IPTC:TimeCreated=12:30+1:01"} << display_format << ""
         << shown + "  UTC+1:01" << shown + "  UTC+1:01";
     QTest::newRow("no zone") << QStringList{date} << display_format << "" << shown << shown;
-    QTest::newRow("entry moves the zone of the new time alone") << QStringList{date, zone} << display_format << "3"
+    QTest::newRow("entry moves only the zone of the new time") << QStringList{date, zone} << display_format << "3"
         << shown + "  UTC+02:00" << shown + "  UTC+05:00";
     QTest::newRow("entry is the zone of a photo without one") << QStringList{date} << display_format << "-5.5"
         << shown << shown + "  UTC-05:30";
@@ -405,7 +405,7 @@ void test_table_data_model::unreadable_file_shows_dashes()
     }
 }
 
-void test_table_data_model::reading_cells_asks_the_tool_nothing()
+void test_table_data_model::reading_cells_sends_no_request()
 {
     add("/photos/a.jpg", {"ExifIFD:DateTimeOriginal=2017:05:03 12:00:00"});
     tool.forget();
@@ -417,7 +417,7 @@ void test_table_data_model::reading_cells_asks_the_tool_nothing()
     QCOMPARE(tool.input(), QByteArray());
 }
 
-void test_table_data_model::shift_shows_in_every_row_and_moves_none()
+void test_table_data_model::shift_shows_in_every_row_and_reorders_none()
 {
     add("/photos/a.jpg", {"ExifIFD:DateTimeOriginal=2017:01:30 12:00:00"});
     add("/photos/b.jpg", {"ExifIFD:DateTimeOriginal=2017:01:31 10:00:00"});
@@ -429,7 +429,7 @@ void test_table_data_model::shift_shows_in_every_row_and_moves_none()
     QCOMPARE(cell(0, column::recording_time_column).toString(), QString("30.01.2017 12:00:00"));
 }
 
-void test_table_data_model::format_shows_in_both_time_columns_and_moves_none()
+void test_table_data_model::format_shows_in_both_time_columns_and_reorders_no_row()
 {
     add("/photos/a.jpg", {"ExifIFD:DateTimeOriginal=2017:02:01 12:00:00"});
     add("/photos/b.jpg", {"ExifIFD:DateTimeOriginal=2017:01:31 10:00:00"});

@@ -239,8 +239,8 @@ class test_texts_fit : public QObject
 
 private slots:
     void initTestCase();
-    void cut_text_is_seen_data();
-    void cut_text_is_seen();
+    void cut_text_is_noticed_data();
+    void cut_text_is_noticed();
     void texts_of_a_screen_fit_data();
     void texts_of_a_screen_fit();
     void texts_show_in_the_faces_of_the_program_data() { add_screen_rows(); }
@@ -262,7 +262,7 @@ void test_texts_fit::initTestCase()
     install_icons();
 }
 
-void test_texts_fit::cut_text_is_seen_data()
+void test_texts_fit::cut_text_is_noticed_data()
 {
     QTest::addColumn<widget_maker>("make");
     const auto row = [](const char *name, widget_maker make) { QTest::newRow(name) << make; };
@@ -280,7 +280,7 @@ void test_texts_fit::cut_text_is_seen_data()
 }
 
 /// Shows that this test notices a cut text.
-void test_texts_fit::cut_text_is_seen()
+void test_texts_fit::cut_text_is_noticed()
 {
     QFETCH(widget_maker, make);
     const std::shared_ptr<QWidget> widget = make();

@@ -86,7 +86,7 @@ private slots:
     void init();
     void cleanup();
     void panel_has_its_name_size_and_sheet();
-    void frames_stand_in_their_grids();
+    void frames_are_in_their_grids();
     void inner_grid_has_spacings_and_a_stretching_end();
     void column_has_label_and_field_data();
     void column_has_label_and_field();
@@ -94,8 +94,8 @@ private slots:
     void numeric_fields_take_any_whole_number();
     void zone_field_takes_two_decimals_from_minus_12_to_14();
     void tooltip_goes_to_all_labels_and_fields();
-    void placeholder_shows_greyer_than_a_typed_number();
-    void placeholder_has_contrast_enough_to_be_read();
+    void placeholder_is_greyer_than_a_typed_number();
+    void placeholder_has_enough_contrast_to_be_read();
     void empty_zone_shows_nothing();
     void tab_goes_from_the_year_to_the_zone();
     void first_field_takes_the_keyboard();
@@ -132,7 +132,7 @@ void test_time_adjustment::panel_has_its_name_size_and_sheet()
     QCOMPARE(panel->styleSheet(), QString(panel_sheet));
 }
 
-void test_time_adjustment::frames_stand_in_their_grids()
+void test_time_adjustment::frames_are_in_their_grids()
 {
     auto *outer = find<QWidget>("widget_2");
     auto *inner = find<QWidget>("widget");
@@ -251,7 +251,7 @@ void test_time_adjustment::tooltip_goes_to_all_labels_and_fields()
         QCOMPARE(find<orv::lineedit>(name)->toolTip(), QString("What to type"));
 }
 
-void test_time_adjustment::placeholder_shows_greyer_than_a_typed_number()
+void test_time_adjustment::placeholder_is_greyer_than_a_typed_number()
 {
     const QColor text_colour(198, 213, 210);
     panel->show();
@@ -265,7 +265,7 @@ void test_time_adjustment::placeholder_shows_greyer_than_a_typed_number()
     QVERIFY(has_colour(field->grab(inside).toImage(), text_colour));
 }
 
-void test_time_adjustment::placeholder_has_contrast_enough_to_be_read()
+void test_time_adjustment::placeholder_has_enough_contrast_to_be_read()
 {
     panel->show();
     QVERIFY(QTest::qWaitForWindowExposed(panel));

@@ -46,25 +46,25 @@ private slots:
     void every_key_sends_the_shift();
     void each_field_fills_its_own_place_data();
     void each_field_fills_its_own_place();
-    void all_fields_go_out_together();
-    void number_field_reads_what_it_takes_data();
-    void number_field_reads_what_it_takes();
+    void all_fields_are_sent_together();
+    void number_field_reads_the_text_that_it_accepts_data();
+    void number_field_reads_the_text_that_it_accepts();
     void number_is_plain_in_any_language_data();
     void number_is_plain_in_any_language();
-    void number_with_marks_isnt_pasted();
+    void number_with_separators_isnt_pasted();
     void deleting_a_number_sends_zero();
-    void text_decides_on_the_zone_data();
-    void text_decides_on_the_zone();
-    void zone_field_takes_what_it_can_finish_data();
-    void zone_field_takes_what_it_can_finish();
-    void zone_is_read_with_a_point_and_in_the_users_way_data();
-    void zone_is_read_with_a_point_and_in_the_users_way();
+    void text_decides_the_zone_data();
+    void text_decides_the_zone();
+    void zone_field_accepts_text_that_can_be_completed_data();
+    void zone_field_accepts_text_that_can_be_completed();
+    void zone_is_read_with_a_point_and_in_the_users_format_data();
+    void zone_is_read_with_a_point_and_in_the_users_format();
     void comma_can_be_typed_on_a_german_system();
     void comma_elsewhere_is_unfinished_and_counts_as_zero();
-    void deleting_the_zone_takes_it_back();
+    void deleting_the_zone_removes_it_from_the_shift();
     void reset_empties_the_fields_one_by_one();
     void reset_of_empty_fields_sends_nothing();
-    void emit_offset_sends_what_stands();
+    void emit_offset_sends_the_current_values();
 
 private:
     orv::lineedit *field(const QString &name);
@@ -140,7 +140,7 @@ void test_time_adjustment_typing::each_field_fills_its_own_place()
         QCOMPARE(values[i], i == place ? -7 : 0);
 }
 
-void test_time_adjustment_typing::all_fields_go_out_together()
+void test_time_adjustment_typing::all_fields_are_sent_together()
 {
     type("year", "1");
     type("month", "-2");
@@ -152,7 +152,7 @@ void test_time_adjustment_typing::all_fields_go_out_together()
     QCOMPARE(sent->last(), offset({1, -2, 400, 25, -61, 3600, true, -3.5}));
 }
 
-void test_time_adjustment_typing::number_field_reads_what_it_takes_data()
+void test_time_adjustment_typing::number_field_reads_the_text_that_it_accepts_data()
 {
     QTest::addColumn<QString>("typed");
     QTest::addColumn<QString>("text");
@@ -165,18 +165,18 @@ void test_time_adjustment_typing::number_field_reads_what_it_takes_data()
                                   << "-" << 0;
     QTest::newRow("a lone plus") << "+"
                                  << "+" << 0;
-    QTest::newRow("base ten in spite of a zero in front") << "010"
-                                                          << "010" << 10;
+    QTest::newRow("base ten despite a leading zero") << "010"
+                                                     << "010" << 10;
     QTest::newRow("letters are refused") << "1a2x"
                                          << "12" << 12;
     QTest::newRow("no exponent") << "1e3"
                                  << "13" << 13;
     QTest::newRow("no decimals") << "1.5"
                                  << "15" << 15;
-    QTest::newRow("no blank") << "1 2"
+    QTest::newRow("no space") << "1 2"
                               << "12" << 12;
-    QTest::newRow("no sign behind a digit") << "1-2"
-                                            << "12" << 12;
+    QTest::newRow("no sign after a digit") << "1-2"
+                                           << "12" << 12;
     QTest::newRow("more than a calendar has") << "25"
                                               << "25" << 25;
     QTest::newRow("greatest number") << "2147483647"
@@ -187,7 +187,7 @@ void test_time_adjustment_typing::number_field_reads_what_it_takes_data()
                                                                  << "2147483647" << 2147483647;
 }
 
-void test_time_adjustment_typing::number_field_reads_what_it_takes()
+void test_time_adjustment_typing::number_field_reads_the_text_that_it_accepts()
 {
     QFETCH(QString, typed);
     QFETCH(QString, text);
@@ -221,7 +221,7 @@ void test_time_adjustment_typing::number_is_plain_in_any_language_data()
         row("space", "1 000", "1000");
         row("no-break space", u8"1\u00a0000", "1000");
         row("narrow no-break space", u8"1\u202f000", "1000");
-        row("two marks", "-1,000,000", "-1000000");
+        row("two separators", "-1,000,000", "-1000000");
         row("Arabic digit", u8"1000\u0661", "1000");
         row("plus", "+1000", "+1000");
         row("minus", "-1000", "-1000");
@@ -245,7 +245,7 @@ void test_time_adjustment_typing::number_is_plain_in_any_language()
     }
 }
 
-void test_time_adjustment_typing::number_with_marks_isnt_pasted()
+void test_time_adjustment_typing::number_with_separators_isnt_pasted()
 {
     QLocale::setDefault(QLocale("en_US"));
     time_adjustment local_panel(nullptr);
@@ -268,7 +268,7 @@ void test_time_adjustment_typing::deleting_a_number_sends_zero()
     QCOMPARE(sent->last(), unshifted());
 }
 
-void test_time_adjustment_typing::text_decides_on_the_zone_data()
+void test_time_adjustment_typing::text_decides_the_zone_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<bool>("given");
@@ -279,7 +279,7 @@ void test_time_adjustment_typing::text_decides_on_the_zone_data()
     QTest::newRow("west of Greenwich") << "-3" << true << -3.0;
 }
 
-void test_time_adjustment_typing::text_decides_on_the_zone()
+void test_time_adjustment_typing::text_decides_the_zone()
 {
     QFETCH(QString, text);
     QFETCH(bool, given);
@@ -290,7 +290,7 @@ void test_time_adjustment_typing::text_decides_on_the_zone()
     QCOMPARE(panel->timezone_given(), given);
 }
 
-void test_time_adjustment_typing::zone_field_takes_what_it_can_finish_data()
+void test_time_adjustment_typing::zone_field_accepts_text_that_can_be_completed_data()
 {
     QTest::addColumn<QString>("typed");
     QTest::addColumn<QString>("text");
@@ -317,7 +317,7 @@ void test_time_adjustment_typing::zone_field_takes_what_it_can_finish_data()
                                                     << "12" << 12.0;
 }
 
-void test_time_adjustment_typing::zone_field_takes_what_it_can_finish()
+void test_time_adjustment_typing::zone_field_accepts_text_that_can_be_completed()
 {
     QFETCH(QString, typed);
     QFETCH(QString, text);
@@ -328,7 +328,7 @@ void test_time_adjustment_typing::zone_field_takes_what_it_can_finish()
     QCOMPARE(sent->last(), zone(true, hours));
 }
 
-void test_time_adjustment_typing::zone_is_read_with_a_point_and_in_the_users_way_data()
+void test_time_adjustment_typing::zone_is_read_with_a_point_and_in_the_users_format_data()
 {
     QTest::addColumn<QLocale>("locale");
     QTest::addColumn<QString>("text");
@@ -342,7 +342,7 @@ void test_time_adjustment_typing::zone_is_read_with_a_point_and_in_the_users_way
 }
 
 /// The text is set, not typed, since a validator may refuse some of these keys.
-void test_time_adjustment_typing::zone_is_read_with_a_point_and_in_the_users_way()
+void test_time_adjustment_typing::zone_is_read_with_a_point_and_in_the_users_format()
 {
     QFETCH(QLocale, locale);
     QFETCH(QString, text);
@@ -374,7 +374,7 @@ void test_time_adjustment_typing::comma_elsewhere_is_unfinished_and_counts_as_ze
     QCOMPARE(sent->last(), zone(true, 0.0));
 }
 
-void test_time_adjustment_typing::deleting_the_zone_takes_it_back()
+void test_time_adjustment_typing::deleting_the_zone_removes_it_from_the_shift()
 {
     type("timezone", "2");
     QCOMPARE(sent->last(), zone(true, 2.0));
@@ -412,7 +412,7 @@ void test_time_adjustment_typing::reset_of_empty_fields_sends_nothing()
     QCOMPARE(sent->last(), unshifted());
 }
 
-void test_time_adjustment_typing::emit_offset_sends_what_stands()
+void test_time_adjustment_typing::emit_offset_sends_the_current_values()
 {
     type("second", "9");
     type("timezone", "0");

@@ -58,13 +58,13 @@ private slots:
     void init();
     void cleanup();
 
-    void shift_starts_as_none();
+    void shift_starts_at_zero();
     void recording_time_is_the_local_time_of_the_record_data();
     void recording_time_is_the_local_time_of_the_record();
     void shift_adds_unit_after_unit_data();
     void shift_adds_unit_after_unit();
-    void shift_follows_the_clock_of_the_place_data();
-    void shift_follows_the_clock_of_the_place();
+    void shift_follows_the_local_clock_data();
+    void shift_follows_the_local_clock();
     void seconds_of_hours_and_minutes_wrap_at_32_bits_data();
     void seconds_of_hours_and_minutes_wrap_at_32_bits();
     void extreme_shift_gives_a_time_data();
@@ -107,7 +107,7 @@ void test_time_arithmetic::use_shift(const time_offset &offset)
                                   offset.second, offset.alter_timezone, offset.timezone);
 }
 
-void test_time_arithmetic::shift_starts_as_none()
+void test_time_arithmetic::shift_starts_at_zero()
 {
     const time_offset offset;
     const QList<int> units = {offset.year, offset.month,  offset.day,
@@ -132,15 +132,15 @@ void test_time_arithmetic::recording_time_is_the_local_time_of_the_record_data()
     QTest::newRow("date and time") << dated("2017", "05", "03", "12", "34", "56") << "2017:05:03 12:34:56";
     QTest::newRow("date alone is midnight") << dated("2017", "05", "03") << "2017:05:03 00:00:00";
     QTest::newRow("fraction is cut") << dated("2017", "05", "03", "12", "00", "59.99") << "2017:05:03 12:00:59";
-    QTest::newRow("zone behind the second doesn't count") << dated("2017", "05", "03", "12", "00", "07 +0200") << "2017:05:03 12:00:07";
-    QTest::newRow("hour behind a blank") << dated("2017", "05", "03", " 12", "00", "00") << "2017:05:03 12:00:00";
+    QTest::newRow("zone after the second doesn't count") << dated("2017", "05", "03", "12", "00", "07 +0200") << "2017:05:03 12:00:07";
+    QTest::newRow("hour after a space") << dated("2017", "05", "03", " 12", "00", "00") << "2017:05:03 12:00:00";
     QTest::newRow("letters are zero, which no date has") << dated("a", "b", "c") << "";
     QTest::newRow("letters of a time are zero") << dated("2017", "05", "03", "x", "y", "z") << "2017:05:03 00:00:00";
     QTest::newRow("date of zeros") << dated("0000", "00", "00", "00", "00", "00") << "";
-    QTest::newRow("day that the month hasn't got") << dated("2017", "02", "29", "12", "00", "00") << "";
+    QTest::newRow("day that the month doesn't have") << dated("2017", "02", "29", "12", "00", "00") << "";
     QTest::newRow("time beyond the day falls back to midnight") << dated("2017", "05", "03", "25", "00", "00") << "2017:05:03 00:00:00";
     QTest::newRow("time skipped in spring") << dated("2016", "03", "27", "02", "30", "00") << "";
-    QTest::newRow("time that autumn has twice") << dated("2016", "10", "30", "02", "30", "00") << "2016:10:30 02:30:00";
+    QTest::newRow("time that occurs twice in autumn") << dated("2016", "10", "30", "02", "30", "00") << "2016:10:30 02:30:00";
     QTest::newRow("time without a date") << tag_map{{"rec_hour", "12"}, {"rec_minute", "0"}, {"rec_second", "0"}} << "";
     QTest::newRow("no recording time") << tag_map{{"has_data", "true"}} << "";
     QTest::newRow("no record") << tag_map{} << "";
@@ -172,8 +172,8 @@ void test_time_arithmetic::shift_adds_unit_after_unit_data()
     QTest::newRow("months before days, short February") << "2017:01:30 12:00:00" << time_offset{0, 1, 1, 0, 0, 0, false, 0.0} << "2017:03:01 12:00:00";
     QTest::newRow("months before hours") << "2017:01:30 23:30:00" << time_offset{0, 1, 0, 1, 0, 0, false, 0.0} << "2017:03:01 00:30:00";
     QTest::newRow("year clamps a leap day") << "2016:02:29 12:00:00" << time_offset{1, 0, 0, 0, 0, 0, false, 0.0} << "2017:02:28 12:00:00";
-    QTest::newRow("four years keep it") << "2016:02:29 12:00:00" << time_offset{4, 0, 0, 0, 0, 0, false, 0.0} << "2020:02:29 12:00:00";
-    QTest::newRow("negative year clamps it") << "2016:02:29 12:00:00" << time_offset{-1, 0, 0, 0, 0, 0, false, 0.0} << "2015:02:28 12:00:00";
+    QTest::newRow("four years keep a leap day") << "2016:02:29 12:00:00" << time_offset{4, 0, 0, 0, 0, 0, false, 0.0} << "2020:02:29 12:00:00";
+    QTest::newRow("negative year clamps a leap day") << "2016:02:29 12:00:00" << time_offset{-1, 0, 0, 0, 0, 0, false, 0.0} << "2015:02:28 12:00:00";
     QTest::newRow("month clamps to its last day") << "2017:05:31 12:00:00" << time_offset{0, 1, 0, 0, 0, 0, false, 0.0} << "2017:06:30 12:00:00";
     QTest::newRow("negative month clamps to its last day") << "2017:05:31 12:00:00" << time_offset{0, -3, 0, 0, 0, 0, false, 0.0} << "2017:02:28 12:00:00";
     QTest::newRow("months beyond the year") << "2017:05:31 12:00:00" << time_offset{0, 14, 0, 0, 0, 0, false, 0.0} << "2018:07:31 12:00:00";
@@ -182,7 +182,7 @@ void test_time_arithmetic::shift_adds_unit_after_unit_data()
     QTest::newRow("minutes beyond the hour") << "2017:05:31 12:00:00" << time_offset{0, 0, 0, 0, -121, 0, false, 0.0} << "2017:05:31 09:59:00";
     QTest::newRow("seconds over midnight") << "2017:05:03 23:59:30" << time_offset{0, 0, 0, 0, 0, 45, false, 0.0} << "2017:05:04 00:00:15";
     QTest::newRow("seconds over the end of the year") << "2017:12:31 23:59:59" << time_offset{0, 0, 0, 0, 0, 1, false, 0.0} << "2018:01:01 00:00:00";
-    QTest::newRow("opposite units meet") << "2017:05:03 12:00:00" << time_offset{0, 0, 1, -24, 60, -3600, false, 0.0} << "2017:05:03 12:00:00";
+    QTest::newRow("opposite units cancel out") << "2017:05:03 12:00:00" << time_offset{0, 0, 1, -24, 60, -3600, false, 0.0} << "2017:05:03 12:00:00";
     // clang-format on
 }
 
@@ -193,27 +193,27 @@ void test_time_arithmetic::shift_adds_unit_after_unit()
     QTEST(text_of(shifted_time(time_of(time), offset)), "expected");
 }
 
-void test_time_arithmetic::shift_follows_the_clock_of_the_place_data()
+void test_time_arithmetic::shift_follows_the_local_clock_data()
 {
     QTest::addColumn<QString>("time");
     QTest::addColumn<time_offset>("offset");
     QTest::addColumn<QString>("expected");
     // clang-format off
-    QTest::newRow("an hour over the gap of spring") << "2016:03:27 01:30:00" << time_offset{0, 0, 0, 1, 0, 0, false, 0.0} << "2016:03:27 03:30:00";
-    QTest::newRow("an hour back over it") << "2016:03:27 03:30:00" << time_offset{0, 0, 0, -1, 0, 0, false, 0.0} << "2016:03:27 01:30:00";
-    QTest::newRow("24 hours over it") << "2016:03:26 12:00:00" << time_offset{0, 0, 0, 24, 0, 0, false, 0.0} << "2016:03:27 13:00:00";
-    QTest::newRow("a day over it") << "2016:03:26 12:00:00" << time_offset{0, 0, 1, 0, 0, 0, false, 0.0} << "2016:03:27 12:00:00";
-    QTest::newRow("a day into it") << "2016:03:26 02:30:00" << time_offset{0, 0, 1, 0, 0, 0, false, 0.0} << "2016:03:27 03:30:00";
-    QTest::newRow("a day into it before an hour") << "2016:03:26 02:30:00" << time_offset{0, 0, 1, 1, 0, 0, false, 0.0} << "2016:03:27 04:30:00";
-    QTest::newRow("a month into it") << "2016:02:27 02:30:00" << time_offset{0, 1, 0, 0, 0, 0, false, 0.0} << "2016:03:27 03:30:00";
-    QTest::newRow("a year into it") << "2015:03:27 02:30:00" << time_offset{1, 0, 0, 0, 0, 0, false, 0.0} << "2016:03:27 03:30:00";
-    QTest::newRow("a year through it and a day on") << "2015:03:27 02:30:00" << time_offset{1, 0, 1, 0, 0, 0, false, 0.0} << "2016:03:28 03:30:00";
+    QTest::newRow("an hour over the spring gap") << "2016:03:27 01:30:00" << time_offset{0, 0, 0, 1, 0, 0, false, 0.0} << "2016:03:27 03:30:00";
+    QTest::newRow("an hour back over the spring gap") << "2016:03:27 03:30:00" << time_offset{0, 0, 0, -1, 0, 0, false, 0.0} << "2016:03:27 01:30:00";
+    QTest::newRow("24 hours over the spring gap") << "2016:03:26 12:00:00" << time_offset{0, 0, 0, 24, 0, 0, false, 0.0} << "2016:03:27 13:00:00";
+    QTest::newRow("a day over the spring gap") << "2016:03:26 12:00:00" << time_offset{0, 0, 1, 0, 0, 0, false, 0.0} << "2016:03:27 12:00:00";
+    QTest::newRow("a day into the spring gap") << "2016:03:26 02:30:00" << time_offset{0, 0, 1, 0, 0, 0, false, 0.0} << "2016:03:27 03:30:00";
+    QTest::newRow("a day into the spring gap, then an hour") << "2016:03:26 02:30:00" << time_offset{0, 0, 1, 1, 0, 0, false, 0.0} << "2016:03:27 04:30:00";
+    QTest::newRow("a month into the spring gap") << "2016:02:27 02:30:00" << time_offset{0, 1, 0, 0, 0, 0, false, 0.0} << "2016:03:27 03:30:00";
+    QTest::newRow("a year into the spring gap") << "2015:03:27 02:30:00" << time_offset{1, 0, 0, 0, 0, 0, false, 0.0} << "2016:03:27 03:30:00";
+    QTest::newRow("a year into the spring gap, then a day") << "2015:03:27 02:30:00" << time_offset{1, 0, 1, 0, 0, 0, false, 0.0} << "2016:03:28 03:30:00";
     QTest::newRow("two hours over the hour that comes twice") << "2016:10:30 01:30:00" << time_offset{0, 0, 0, 2, 0, 0, false, 0.0} << "2016:10:30 02:30:00";
-    QTest::newRow("three hours over it") << "2016:10:30 01:30:00" << time_offset{0, 0, 0, 3, 0, 0, false, 0.0} << "2016:10:30 03:30:00";
+    QTest::newRow("three hours over the hour that comes twice") << "2016:10:30 01:30:00" << time_offset{0, 0, 0, 3, 0, 0, false, 0.0} << "2016:10:30 03:30:00";
     // clang-format on
 }
 
-void test_time_arithmetic::shift_follows_the_clock_of_the_place()
+void test_time_arithmetic::shift_follows_the_local_clock()
 {
     shift_adds_unit_after_unit();
 }
@@ -356,7 +356,7 @@ void test_time_arithmetic::zone_of_a_row_data()
     QTest::newRow("hours without an entry don't count") << "+02:00" << true << false << 3.0 << "+02:00";
     QTest::newRow("old time has the stored zone") << "+02:00" << false << true << 3.0 << "+02:00";
     QTest::newRow("new time has the moved zone") << "+02:00" << true << true << 3.0 << "+05:00";
-    QTest::newRow("stored zone isn't brought into normal form") << "+2:00" << true << false << 0.0 << "+2:00";
+    QTest::newRow("stored zone isn't normalised") << "+2:00" << true << false << 0.0 << "+2:00";
     QTest::newRow("odd minutes stay in the stored zone") << "+01:01" << true << false << 0.0 << "+01:01";
     QTest::newRow("odd minutes lose one with an entry") << "+01:01" << true << true << 0.0 << "+01:00";
     QTest::newRow("zone without its leading zero counts as none") << "+2:00" << true << true << 3.0 << "+03:00";

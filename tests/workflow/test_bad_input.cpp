@@ -124,22 +124,22 @@ private slots:
     void init() { batch.start(); }
     void cleanup() { batch.end(); }
 
-    void file_without_a_time_is_passed_over_data();
-    void file_without_a_time_is_passed_over();
-    void damaged_photo_is_fixed_or_left_alone_data();
-    void damaged_photo_is_fixed_or_left_alone();
-    void unreadable_photo_is_passed_over();
+    void file_without_a_time_is_skipped_data();
+    void file_without_a_time_is_skipped();
+    void damaged_photo_is_fixed_or_left_unchanged_data();
+    void damaged_photo_is_fixed_or_left_unchanged();
+    void unreadable_photo_is_skipped();
     void folder_without_photos_gives_its_files();
     void empty_folder_gives_nothing();
-    void what_is_no_file_gives_nothing_data();
-    void what_is_no_file_gives_nothing();
+    void path_that_is_no_file_gives_nothing_data();
+    void path_that_is_no_file_gives_nothing();
     void photo_given_twice_is_shifted_once();
-    void photo_gone_before_its_loading_is_passed_over();
+    void photo_deleted_before_loading_is_skipped();
 
 private:
     QString make_bytes(const QString &name, const QByteArray &bytes) const;
     QString shown_time() const;
-    void verify_it_is_never_touched(const QString &path, const QStringList &named);
+    void verify_file_is_never_touched(const QString &path, const QStringList &named);
 
     faulty_batch batch;
 };
@@ -157,7 +157,7 @@ QString test_bad_input::shown_time() const
 }
 
 /// Verifies that a fix and its undo change only the good photos.
-void test_bad_input::verify_it_is_never_touched(const QString &path, const QStringList &named)
+void test_bad_input::verify_file_is_never_touched(const QString &path, const QStringList &named)
 {
     const QStringList state = file_state(path);
     const QStringList contents = batch.contents();
@@ -169,7 +169,7 @@ void test_bad_input::verify_it_is_never_touched(const QString &path, const QStri
     }
 }
 
-void test_bad_input::file_without_a_time_is_passed_over_data()
+void test_bad_input::file_without_a_time_is_skipped_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QByteArray>("bytes");
@@ -181,7 +181,7 @@ void test_bad_input::file_without_a_time_is_passed_over_data()
     QTest::newRow("noise") << "m.tif" << QByteArray(1000, '\xfe');
 }
 
-void test_bad_input::file_without_a_time_is_passed_over()
+void test_bad_input::file_without_a_time_is_skipped()
 {
     QFETCH(QString, name);
     QFETCH(QByteArray, bytes);
@@ -189,34 +189,34 @@ void test_bad_input::file_without_a_time_is_passed_over()
     batch.load({path});
     QCOMPARE(shown_names(*batch.window), QStringList({"a.jpg", name, "z.png"}));
     QCOMPARE(shown_time(), QString("-"));
-    verify_it_is_never_touched(path, {});
+    verify_file_is_never_touched(path, {});
 }
 
-void test_bad_input::damaged_photo_is_fixed_or_left_alone_data()
+void test_bad_input::damaged_photo_is_fixed_or_left_unchanged_data()
 {
     QTest::addColumn<damage>("happen");
     QTest::addColumn<bool>("has_time");
     QTest::addColumn<bool>("named");  // as failed; only if it has a time
     // clang-format off
-    QTest::newRow("cut behind its start") << damage(cut_behind_start) << false << false;
+    QTest::newRow("cut after its start") << damage(cut_behind_start) << false << false;
     QTest::newRow("cut in the Exif block") << damage(cut_in_exif) << false << false;
     QTest::newRow("cut in the header") << damage(cut_in_header) << true << true;
     QTest::newRow("cut in the picture") << damage(cut_in_picture) << true << false;
     QTest::newRow("without end marker") << damage(without_end_marker) << true << false;
     QTest::newRow("Exif segment too long") << damage(with_long_exif_segment) << false << false;
     QTest::newRow("Exif segment too short") << damage(with_short_exif_segment) << false << false;
-    QTest::newRow("Exif segment of no length")
+    QTest::newRow("Exif segment of length zero")
         << damage(with_exif_segment_of_no_length) << false << false;
     QTest::newRow("segment of a table too long") << damage(with_long_table_segment) << true << true;
     QTest::newRow("first directory far away") << damage(with_far_first_directory) << false << false;
     QTest::newRow("Exif directory far away") << damage(with_far_exif_directory) << false << false;
     QTest::newRow("recording time far away") << damage(with_far_recording_time) << false << false;
     QTest::newRow("too many entries") << damage(with_many_entries) << false << false;
-    QTest::newRow("noise behind") << damage(with_noise_behind) << true << false;
+    QTest::newRow("noise after the end") << damage(with_noise_behind) << true << false;
     // clang-format on
 }
 
-void test_bad_input::damaged_photo_is_fixed_or_left_alone()
+void test_bad_input::damaged_photo_is_fixed_or_left_unchanged()
 {
     QFETCH(damage, happen);
     QFETCH(bool, has_time);
@@ -227,7 +227,7 @@ void test_bad_input::damaged_photo_is_fixed_or_left_alone()
     batch.load({path});
     QCOMPARE(shown_time(), QString(has_time ? "03.05.2017 - 12:00:00" : "-"));
     if (!has_time || named) {
-        verify_it_is_never_touched(path, named ? QStringList{path} : QStringList());
+        verify_file_is_never_touched(path, named ? QStringList{path} : QStringList());
         return;
     }
     const QByteArray scan = bytes.mid(place_of(bytes, "\xff\xda"));
@@ -240,13 +240,13 @@ void test_bad_input::damaged_photo_is_fixed_or_left_alone()
     }
 }
 
-void test_bad_input::unreadable_photo_is_passed_over()
+void test_bad_input::unreadable_photo_is_skipped()
 {
     const QString path = batch.put_photo("m.jpg");
     QVERIFY(QFile::setPermissions(path, QFile::Permissions()));
     batch.load({path});
     QCOMPARE(shown_time(), QString("-"));
-    verify_it_is_never_touched(path, {});
+    verify_file_is_never_touched(path, {});
 
     click(batch.window->button_reset);
     drop_photos(*batch.window, {batch.folder->path()});
@@ -272,15 +272,15 @@ void test_bad_input::empty_folder_gives_nothing()
     QCOMPARE(batch.window->model->rowCount(), 0);
 }
 
-void test_bad_input::what_is_no_file_gives_nothing_data()
+void test_bad_input::path_that_is_no_file_gives_nothing_data()
 {
     QTest::addColumn<QString>("name");
-    QTest::newRow("path that has gone") << "gone.jpg";
+    QTest::newRow("deleted path") << "gone.jpg";
     QTest::newRow("link to nowhere") << "link.jpg";
     QTest::newRow("pipe") << "pipe.jpg";
 }
 
-void test_bad_input::what_is_no_file_gives_nothing()
+void test_bad_input::path_that_is_no_file_gives_nothing()
 {
     QFETCH(QString, name);
     QVERIFY(QFile::link(batch.path_of("nowhere.jpg"), batch.path_of("link.jpg")));
@@ -298,13 +298,13 @@ void test_bad_input::photo_given_twice_is_shifted_once()
     QCOMPARE(batch.good_dates(), fixed_dates);
 }
 
-void test_bad_input::photo_gone_before_its_loading_is_passed_over()
+void test_bad_input::photo_deleted_before_loading_is_skipped()
 {
     const QString path = batch.path_of("gone.jpg");
     batch.window->load_files({batch.path_of("a.jpg"), path, batch.path_of("z.png")});
     QCOMPARE(shown_names(*batch.window), QStringList({"a.jpg", "gone.jpg", "z.png"}));
     QCOMPARE(shown_time(), QString("-"));
-    verify_it_is_never_touched(path, {});
+    verify_file_is_never_touched(path, {});
 }
 
 int main(int argc, char **argv)

@@ -176,28 +176,28 @@ private slots:
     void init();
     void cleanup() { batch.end(); }
 
-    void file_that_cannot_be_written_is_named_data();
-    void file_that_cannot_be_written_is_named();
-    void file_that_cannot_be_put_back_is_passed_over_data();
-    void file_that_cannot_be_put_back_is_passed_over();
-    void pipe_in_its_place_is_named();
-    void pipe_in_its_place_is_passed_over_by_the_undo();
-    void file_is_fixed_when_its_fault_is_mended_data();
-    void file_is_fixed_when_its_fault_is_mended();
-    void photo_on_a_read_only_volume_is_named();
-    void photo_without_room_is_named_data();
-    void photo_without_room_is_named();
+    void file_that_cannot_be_written_is_reported_data();
+    void file_that_cannot_be_written_is_reported();
+    void file_that_cannot_be_restored_is_skipped_data();
+    void file_that_cannot_be_restored_is_skipped();
+    void pipe_in_its_place_is_reported();
+    void pipe_in_its_place_is_skipped_by_the_undo();
+    void file_is_fixed_once_its_fault_is_repaired_data();
+    void file_is_fixed_once_its_fault_is_repaired();
+    void photo_on_a_read_only_volume_is_reported();
+    void photo_without_room_is_reported_data();
+    void photo_without_room_is_reported();
     void photo_without_room_for_its_undo_stays_fixed();
-    void photo_that_has_room_beside_itself_only_is_fixed();
+    void photo_with_room_only_beside_itself_is_fixed();
     void other_photo_under_the_name_gets_the_dates_of_the_first();
-    void folder_under_the_name_isnt_named();
+    void folder_under_the_name_isnt_reported();
     void photos_in_a_folder_under_the_name_get_the_dates_of_the_first();
 
 private:
     void verify_good_photos_are_fixed() { QCOMPARE(batch.good_dates(), fixed_dates); }
-    void verify_good_photos_are_put_back() { QCOMPARE(batch.good_dates(), first_dates); }
-    void verify_fix_names_it_and_no_more();
-    void verify_undo_passes_it_over();
+    void verify_good_photos_are_restored() { QCOMPARE(batch.good_dates(), first_dates); }
+    void verify_fix_only_reports_it();
+    void verify_undo_skips_it();
     QString put_grown_photo(int size) const;
 
     faulty_batch batch;
@@ -216,7 +216,7 @@ void test_batch_faults::init()
 }
 
 /// Fixes the photos and undoes that: the faulty file is reported once and never touched.
-void test_batch_faults::verify_fix_names_it_and_no_more()
+void test_batch_faults::verify_fix_only_reports_it()
 {
     const QStringList state = file_state(path);
     const QStringList contents = batch.contents();
@@ -224,21 +224,21 @@ void test_batch_faults::verify_fix_names_it_and_no_more()
     QCOMPARE(file_state(path), state);
     QCOMPARE(batch.contents(), contents);
     verify_good_photos_are_fixed();
-    verify_undo_passes_it_over();
+    verify_undo_skips_it();
 }
 
 /// Undoes the fix: it affects only the other photos, and there is no message.
-void test_batch_faults::verify_undo_passes_it_over()
+void test_batch_faults::verify_undo_skips_it()
 {
     const QStringList state = file_state(path);
     const QStringList contents = batch.contents();
     QCOMPARE(batch.undo(), QStringList());
     QCOMPARE(file_state(path), state);
     QCOMPARE(batch.contents(), contents);
-    verify_good_photos_are_put_back();
+    verify_good_photos_are_restored();
 }
 
-void test_batch_faults::file_that_cannot_be_written_is_named_data()
+void test_batch_faults::file_that_cannot_be_written_is_reported_data()
 {
     QTest::addColumn<fault>("happen");
     QTest::newRow("read-only") << fault(make_read_only);
@@ -257,23 +257,23 @@ void test_batch_faults::file_that_cannot_be_written_is_named_data()
     QTest::newRow("link to a device in its place") << fault(replace_by_device);
 }
 
-void test_batch_faults::file_that_cannot_be_written_is_named()
+void test_batch_faults::file_that_cannot_be_written_is_reported()
 {
     QFETCH(fault, happen);
     batch.put_photo("sub/m.jpg");
     batch.load({path});
     QCOMPARE(shown_column(*batch.window, table_data_model::recording_time_column), shown_dates);
     happen(path);
-    verify_fix_names_it_and_no_more();
+    verify_fix_only_reports_it();
 }
 
-void test_batch_faults::file_that_cannot_be_put_back_is_passed_over_data()
+void test_batch_faults::file_that_cannot_be_restored_is_skipped_data()
 {
-    file_that_cannot_be_written_is_named_data();
+    file_that_cannot_be_written_is_reported_data();
     QTest::newRow("folder in its place") << fault(replace_by_folder);
 }
 
-void test_batch_faults::file_that_cannot_be_put_back_is_passed_over()
+void test_batch_faults::file_that_cannot_be_restored_is_skipped()
 {
     QFETCH(fault, happen);
     batch.put_photo("sub/m.jpg");
@@ -283,29 +283,29 @@ void test_batch_faults::file_that_cannot_be_put_back_is_passed_over()
     verify_good_photos_are_fixed();
 
     happen(path);
-    verify_undo_passes_it_over();
+    verify_undo_skips_it();
     QVERIFY(!batch.window->button_undo->isEnabled());
 }
 
-void test_batch_faults::pipe_in_its_place_is_named()
+void test_batch_faults::pipe_in_its_place_is_reported()
 {
     batch.load({batch.put_photo("sub/m.jpg")});
     const ending_pipe pipe(path);
-    verify_fix_names_it_and_no_more();
+    verify_fix_only_reports_it();
 }
 
-void test_batch_faults::pipe_in_its_place_is_passed_over_by_the_undo()
+void test_batch_faults::pipe_in_its_place_is_skipped_by_the_undo()
 {
     batch.load({batch.put_photo("sub/m.jpg")});
     QCOMPARE(batch.fix(), QStringList());
     const ending_pipe pipe(path);
-    verify_undo_passes_it_over();
+    verify_undo_skips_it();
 }
 
-void test_batch_faults::file_is_fixed_when_its_fault_is_mended_data()
+void test_batch_faults::file_is_fixed_once_its_fault_is_repaired_data()
 {
     QTest::addColumn<fault>("happen");
-    QTest::addColumn<fault>("mend");
+    QTest::addColumn<fault>("repair");
     QTest::newRow("read-only") << fault(make_read_only) << fault(make_writable);
     QTest::newRow("in a read-only folder") << fault(lock_folder) << fault(unlock_folder);
     QTest::newRow("temporary file of the tool left over")
@@ -315,20 +315,20 @@ void test_batch_faults::file_is_fixed_when_its_fault_is_mended_data()
 }
 
 /// The undo does nothing to the file, since the fix never wrote it. A second fix does.
-void test_batch_faults::file_is_fixed_when_its_fault_is_mended()
+void test_batch_faults::file_is_fixed_once_its_fault_is_repaired()
 {
     QFETCH(fault, happen);
-    QFETCH(fault, mend);
+    QFETCH(fault, repair);
     batch.put_photo("sub/m.jpg");
     happen(path);
     batch.load({path});
     QCOMPARE(shown_column(*batch.window, table_data_model::recording_time_column), shown_dates);
     QCOMPARE(batch.fix(), QStringList{path});
-    mend(path);
+    repair(path);
     const QStringList state = file_state(path);
     QCOMPARE(batch.undo(), QStringList());
     QCOMPARE(file_state(path), state);
-    verify_good_photos_are_put_back();
+    verify_good_photos_are_restored();
 
     batch.load({path});
     QCOMPARE(batch.fix(), QStringList());
@@ -336,12 +336,12 @@ void test_batch_faults::file_is_fixed_when_its_fault_is_mended()
     QCOMPARE(batch.contents(), QStringList({"a.jpg", "sub", "sub/m.jpg", "z.png"}));
 }
 
-void test_batch_faults::photo_on_a_read_only_volume_is_named()
+void test_batch_faults::photo_on_a_read_only_volume_is_reported()
 {
     MOUNT_OR_SKIP(volume, 64);
     batch.load({batch.put_photo("sub/m.jpg")});
     volume.make_read_only();
-    verify_fix_names_it_and_no_more();
+    verify_fix_only_reports_it();
 }
 
 /// Puts a photo of exactly `size` bytes.
@@ -356,20 +356,20 @@ QString test_batch_faults::put_grown_photo(int size) const
     return photo;
 }
 
-void test_batch_faults::photo_without_room_is_named_data()
+void test_batch_faults::photo_without_room_is_reported_data()
 {
     QTest::addColumn<int>("pages");
     QTest::newRow("no room") << 0;
     QTest::newRow("room for a part of it") << 1;
 }
 
-void test_batch_faults::photo_without_room_is_named()
+void test_batch_faults::photo_without_room_is_reported()
 {
     QFETCH(int, pages);
     MOUNT_OR_SKIP(volume, 64);
     batch.load({put_grown_photo(5 * temporary_volume::page_size())});
     volume.leave_room(pages);
-    verify_fix_names_it_and_no_more();
+    verify_fix_only_reports_it();
 
     volume.make_room();
     batch.load({path});
@@ -388,12 +388,12 @@ void test_batch_faults::photo_without_room_for_its_undo_stays_fixed()
     QCOMPARE(file_state(path), state);
     QCOMPARE(batch.dates("sub/m.jpg"), fixed_dates);
     QCOMPARE(batch.contents(), QStringList({"a.jpg", "sub", "sub/filler", "sub/m.jpg", "z.png"}));
-    verify_good_photos_are_put_back();
+    verify_good_photos_are_restored();
 }
 
 /// The tool has written the new version beside the photo, but the photo can't grow by a page. The
 /// temporary file then takes its place.
-void test_batch_faults::photo_that_has_room_beside_itself_only_is_fixed()
+void test_batch_faults::photo_with_room_only_beside_itself_is_fixed()
 {
     constexpr int pages = 5;
     MOUNT_OR_SKIP(volume, 64);
@@ -443,11 +443,11 @@ void test_batch_faults::other_photo_under_the_name_gets_the_dates_of_the_first()
                           "System:FileModifyDate=2018:01:02 04:04:05+01:00"}));
     QVERIFY(tag_of(path, "XMP-photoshop:DateCreated").isEmpty());
     QCOMPARE(picture_data(path), picture);
-    verify_good_photos_are_put_back();
+    verify_good_photos_are_restored();
 }
 
 /// Given a folder, the tool processes the files in it, and reports none as not updated.
-void test_batch_faults::folder_under_the_name_isnt_named()
+void test_batch_faults::folder_under_the_name_isnt_reported()
 {
     batch.load({batch.put_photo("sub/m.jpg")});
     replace_by_folder(path);
@@ -458,7 +458,7 @@ void test_batch_faults::folder_under_the_name_isnt_named()
     verify_good_photos_are_fixed();
     QCOMPARE(batch.undo(), QStringList());
     QCOMPARE(bytes_of(path + "/letter.txt"), QByteArray("a letter\n"));
-    verify_good_photos_are_put_back();
+    verify_good_photos_are_restored();
 }
 
 void test_batch_faults::photos_in_a_folder_under_the_name_get_the_dates_of_the_first()

@@ -67,17 +67,17 @@ private slots:
     void batch_without_steps_shows_nothing();
     void step_is_painted_while_the_tool_works();
     void step_is_not_painted_before_the_request();
-    void steps_without_a_request_are_painted_each();
-    void last_step_is_painted_at_once();
+    void each_step_without_a_request_is_painted();
+    void last_step_is_painted_immediately();
     void step_is_painted_before_the_program_waits_for_events();
     void nothing_is_collected_after_the_end();
-    void step_takes_a_new_number_of_steps();
+    void step_accepts_a_new_number_of_steps();
     void more_steps_are_shown_before_the_next_data();
     void more_steps_are_shown_before_the_next();
-    void batch_gets_its_dialog_back_data();
-    void batch_gets_its_dialog_back();
-    void batch_gets_its_dialog_back_past_another_dialog();
-    void batch_that_is_done_does_not_get_its_dialog_back();
+    void batch_shows_its_dialog_again_data();
+    void batch_shows_its_dialog_again();
+    void batch_shows_its_dialog_again_after_another_dialog();
+    void finished_batch_does_not_show_its_dialog_again();
 
 private:
     void ask_tool() { orv::exiftool::instance()->read_tags("/photo.jpg", true, false); }
@@ -143,7 +143,7 @@ void test_batch_progress::step_is_not_painted_before_the_request()
     QCOMPARE(painted->values, QList<int>{0});
 }
 
-void test_batch_progress::steps_without_a_request_are_painted_each()
+void test_batch_progress::each_step_without_a_request_is_painted()
 {
     progress->start(dialog, steps);
     for (int done = 1; done <= steps; ++done) {
@@ -154,7 +154,7 @@ void test_batch_progress::steps_without_a_request_are_painted_each()
     QCOMPARE(painted->values, QList<int>({0, 1, 2, 3, 4, 5}));
 }
 
-void test_batch_progress::last_step_is_painted_at_once()
+void test_batch_progress::last_step_is_painted_immediately()
 {
     progress->start(dialog, 1);
     progress->step(1, 1);
@@ -182,7 +182,7 @@ void test_batch_progress::nothing_is_collected_after_the_end()
     QVERIFY(paint.painted);
 }
 
-void test_batch_progress::step_takes_a_new_number_of_steps()
+void test_batch_progress::step_accepts_a_new_number_of_steps()
 {
     progress->start(dialog, steps);
     progress->step(1, steps + 1);
@@ -212,14 +212,14 @@ void test_batch_progress::more_steps_are_shown_before_the_next()
     QCOMPARE(painted->values.last(), done);
 }
 
-void test_batch_progress::batch_gets_its_dialog_back_data()
+void test_batch_progress::batch_shows_its_dialog_again_data()
 {
     QTest::addColumn<int>("done");
     QTest::newRow("before the first step") << 0;
     QTest::newRow("in the middle") << 2;
 }
 
-void test_batch_progress::batch_gets_its_dialog_back()
+void test_batch_progress::batch_shows_its_dialog_again()
 {
     QFETCH(int, done);
     progress->start(dialog, steps);
@@ -235,7 +235,7 @@ void test_batch_progress::batch_gets_its_dialog_back()
     QCOMPARE(painted->values.last(), done);
 }
 
-void test_batch_progress::batch_gets_its_dialog_back_past_another_dialog()
+void test_batch_progress::batch_shows_its_dialog_again_after_another_dialog()
 {
     auto *other = new orv::progress_dialog(window.get());
     other->set_up("Title", "Label", "%v of %m");
@@ -248,7 +248,7 @@ void test_batch_progress::batch_gets_its_dialog_back_past_another_dialog()
     QCOMPARE(dialog->maximum(), steps);
 }
 
-void test_batch_progress::batch_that_is_done_does_not_get_its_dialog_back()
+void test_batch_progress::finished_batch_does_not_show_its_dialog_again()
 {
     progress->start(dialog, steps);
     progress->step(steps, steps);

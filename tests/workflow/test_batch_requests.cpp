@@ -126,10 +126,10 @@ private slots:
     void init() { app.start(); }
     void cleanup() { app.end(); }
 
-    void photo_is_read_fixed_and_undone_in_these_bytes_data();
-    void photo_is_read_fixed_and_undone_in_these_bytes();
-    void photo_without_a_date_is_read_alone();
-    void names_and_values_go_out_in_utf8();
+    void photo_is_read_fixed_and_undone_with_these_bytes_data();
+    void photo_is_read_fixed_and_undone_with_these_bytes();
+    void photo_without_a_date_is_only_read();
+    void names_and_values_are_sent_in_utf8();
     void zone_without_a_number_throws_out_of_the_fix();
 
 private:
@@ -144,7 +144,7 @@ QByteArray test_batch_requests::write_request(const QString &name, const QByteAr
            "-execute\n";
 }
 
-void test_batch_requests::photo_is_read_fixed_and_undone_in_these_bytes_data()
+void test_batch_requests::photo_is_read_fixed_and_undone_with_these_bytes_data()
 {
     QTest::addColumn<QStringList>("tags");
     QTest::addColumn<bool>("zone_entered");
@@ -170,7 +170,7 @@ void test_batch_requests::photo_is_read_fixed_and_undone_in_these_bytes_data()
     }
 }
 
-void test_batch_requests::photo_is_read_fixed_and_undone_in_these_bytes()
+void test_batch_requests::photo_is_read_fixed_and_undone_with_these_bytes()
 {
     QFETCH(QStringList, tags);
     QFETCH(bool, zone_entered);
@@ -194,7 +194,7 @@ void test_batch_requests::photo_is_read_fixed_and_undone_in_these_bytes()
     QCOMPARE(app.tool.input(), write_request("photo.jpg", undo));
 }
 
-void test_batch_requests::photo_without_a_date_is_read_alone()
+void test_batch_requests::photo_without_a_date_is_only_read()
 {
     app.load_photo("photo.jpg", QStringList{iptc_date, iptc_time} + other_tags);
     app.tool.forget();
@@ -204,7 +204,7 @@ void test_batch_requests::photo_without_a_date_is_read_alone()
     QCOMPARE(app.tool.input(), QByteArray());
 }
 
-void test_batch_requests::names_and_values_go_out_in_utf8()
+void test_batch_requests::names_and_values_are_sent_in_utf8()
 {
     const QString name = QString::fromUtf8("März – 100 %1.jpg");
     app.load_photo(name, {exif_time, "XMP-photoshop:DateCreated=3. März %2"});

@@ -20,22 +20,22 @@ private slots:
 
     void dropped_files_become_rows();
     void dropped_folder_gives_its_files_of_any_type();
-    void table_is_laid_out_behind_a_load();
+    void table_is_laid_out_after_a_load();
     void drop_without_files_sorts_again();
     void opened_file_becomes_a_row_data();
     void opened_file_becomes_a_row();
-    void other_events_are_the_window_s_own();
-    void drop_and_file_open_event_leave_the_folder_alone();
+    void other_events_are_handled_as_by_any_window();
+    void drop_and_file_open_event_keep_the_remembered_folder();
     void file_is_loaded_once();
-    void path_is_told_apart_by_its_case();
+    void paths_are_case_sensitive();
     void unreadable_file_becomes_a_row_without_a_time();
     void each_file_is_read_by_one_request_in_the_order_of_the_list();
     void progress_counts_the_files();
     void progress_counts_known_files_too();
     void progress_of_an_empty_list_stays_hidden();
-    void sort_in_force_holds_for_new_rows_data();
-    void sort_in_force_holds_for_new_rows();
-    void rows_are_sorted_when_all_are_in();
+    void current_sort_applies_to_new_rows_data();
+    void current_sort_applies_to_new_rows();
+    void rows_are_sorted_after_the_last_one();
     void user_input_waits_while_files_load();
     void user_input_is_taken_before_the_first_file();
 
@@ -77,7 +77,7 @@ void test_file_intake::dropped_folder_gives_its_files_of_any_type()
     QCOMPARE(shown_names(*app.window), QStringList({"a.jpg", "b.txt", "c"}));
 }
 
-void test_file_intake::table_is_laid_out_behind_a_load()
+void test_file_intake::table_is_laid_out_after_a_load()
 {
     const QTableView &table = *app.window->ui->tableView;
     int photo = 0;
@@ -115,10 +115,10 @@ void test_file_intake::opened_file_becomes_a_row_data()
     QTest::addColumn<QStringList>("rows");
     QTest::newRow("file") << "a.jpg" << QStringList{"a.jpg"};
     QTest::newRow("file of any type") << "b.txt" << QStringList{"b.txt"};
-    QTest::newRow("hidden file by itself") << ".c.jpg" << QStringList{".c.jpg"};
+    QTest::newRow("hidden file on its own") << ".c.jpg" << QStringList{".c.jpg"};
     QTest::newRow("folder") << "" << QStringList{"a.jpg", "b.txt"};
     QTest::newRow("empty folder") << "empty" << QStringList{};
-    QTest::newRow("path that has gone") << "gone.jpg" << QStringList{};
+    QTest::newRow("deleted path") << "gone.jpg" << QStringList{};
 }
 
 void test_file_intake::opened_file_becomes_a_row()
@@ -132,7 +132,7 @@ void test_file_intake::opened_file_becomes_a_row()
     QCOMPARE(shown_names(*app.window), rows);
 }
 
-void test_file_intake::other_events_are_the_window_s_own()
+void test_file_intake::other_events_are_handled_as_by_any_window()
 {
     QEvent unknown(QEvent::None);
     QVERIFY(!app.window->event(&unknown));
@@ -140,7 +140,7 @@ void test_file_intake::other_events_are_the_window_s_own()
     QVERIFY(app.window->event(&known));
 }
 
-void test_file_intake::drop_and_file_open_event_leave_the_folder_alone()
+void test_file_intake::drop_and_file_open_event_keep_the_remembered_folder()
 {
     const QString before = app.window->last_load_path;
     app.load_dated_photo("a.jpg");
@@ -160,7 +160,7 @@ void test_file_intake::file_is_loaded_once()
     QCOMPARE(app.tool.requests().size(), 1);
 }
 
-void test_file_intake::path_is_told_apart_by_its_case()
+void test_file_intake::paths_are_case_sensitive()
 {
     drop_photos(*app.window, {app.make_photo("a.jpg", {}), app.make_photo("A.jpg", {})});
     QCOMPARE(app.window->model->rowCount(), 2);
@@ -221,7 +221,7 @@ void test_file_intake::progress_of_an_empty_list_stays_hidden()
     QVERIFY(!app.window->progress_load->isVisible());
 }
 
-void test_file_intake::sort_in_force_holds_for_new_rows_data()
+void test_file_intake::current_sort_applies_to_new_rows_data()
 {
     QTest::addColumn<int>("column");
     QTest::addColumn<int>("clicks");
@@ -234,7 +234,7 @@ void test_file_intake::sort_in_force_holds_for_new_rows_data()
     QTest::newRow("time descending") << time << 2 << QStringList{"b", "d", "a", "c"};
 }
 
-void test_file_intake::sort_in_force_holds_for_new_rows()
+void test_file_intake::current_sort_applies_to_new_rows()
 {
     QFETCH(int, column);
     QFETCH(int, clicks);
@@ -250,7 +250,7 @@ void test_file_intake::sort_in_force_holds_for_new_rows()
     QCOMPARE(shown_names(*app.window), rows);
 }
 
-void test_file_intake::rows_are_sorted_when_all_are_in()
+void test_file_intake::rows_are_sorted_after_the_last_one()
 {
     QList<QStringList> rows;
     progress_watch progress(*app.window->progress_load);

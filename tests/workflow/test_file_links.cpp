@@ -69,17 +69,17 @@ private slots:
     void init() { batch.start(); }
     void cleanup() { batch.end(); }
 
-    void photo_behind_a_link_is_fixed_data();
-    void photo_behind_a_link_is_fixed();
+    void photo_loaded_by_a_link_is_fixed_data();
+    void photo_loaded_by_a_link_is_fixed();
     void photo_loaded_by_two_names_is_shifted_once_data();
     void photo_loaded_by_two_names_is_shifted_once();
     void other_name_of_a_photo_shows_the_new_time();
     void linked_folder_gives_its_files();
     void folder_gives_no_special_files();
-    void rights_of_a_photo_are_kept_data();
-    void rights_of_a_photo_are_kept();
+    void permissions_of_a_photo_are_kept_data();
+    void permissions_of_a_photo_are_kept();
     void extended_attributes_are_kept();
-    void file_date_comes_back_without_fractions();
+    void file_date_is_restored_without_fractions();
     void shift_of_zero_counts_as_a_fix();
 
 private:
@@ -102,7 +102,7 @@ void test_file_links::verify_fix_and_undo_of(const QString &name)
     }
 }
 
-void test_file_links::photo_behind_a_link_is_fixed_data()
+void test_file_links::photo_loaded_by_a_link_is_fixed_data()
 {
     QTest::addColumn<QString>("photo");
     QTest::addColumn<QString>("target");  // with a leading slash: relative to the folder
@@ -110,13 +110,13 @@ void test_file_links::photo_behind_a_link_is_fixed_data()
                                         << "target.jpg";
     QTest::newRow("in another folder") << "sub/target.jpg"
                                        << "sub/target.jpg";
-    QTest::newRow("by its whole path") << "sub/target.jpg"
-                                       << "/sub/target.jpg";
+    QTest::newRow("by its full path") << "sub/target.jpg"
+                                      << "/sub/target.jpg";
     QTest::newRow("by a link to the link") << "sub/target.jpg"
                                            << "second";
 }
 
-void test_file_links::photo_behind_a_link_is_fixed()
+void test_file_links::photo_loaded_by_a_link_is_fixed()
 {
     QFETCH(QString, photo);
     QFETCH(QString, target);
@@ -188,14 +188,14 @@ void test_file_links::folder_gives_no_special_files()
     verify_fix_and_undo_of("a.jpg");
 }
 
-void test_file_links::rights_of_a_photo_are_kept_data()
+void test_file_links::permissions_of_a_photo_are_kept_data()
 {
     QTest::addColumn<int>("mode");
     for (const int mode : {0600, 0640, 0664, 0666, 0755})
         QTest::addRow("%o", static_cast<unsigned>(mode)) << mode;
 }
 
-void test_file_links::rights_of_a_photo_are_kept()
+void test_file_links::permissions_of_a_photo_are_kept()
 {
     QFETCH(int, mode);
     const QString photo = batch.put_photo("m.jpg");
@@ -216,7 +216,7 @@ void test_file_links::extended_attributes_are_kept()
     QCOMPARE(note_of(photo), note);
 }
 
-void test_file_links::file_date_comes_back_without_fractions()
+void test_file_links::file_date_is_restored_without_fractions()
 {
     const QString photo = batch.put_photo("m.jpg");
     const timespec first = file_time_of(photo);

@@ -39,11 +39,11 @@ private slots:
     void init() { app.start(); }
     void cleanup() { app.end(); }
 
-    void file_is_fixed_and_put_back_under_any_name_data();
-    void file_is_fixed_and_put_back_under_any_name();
+    void file_is_fixed_and_restored_under_any_name_data();
+    void file_is_fixed_and_restored_under_any_name();
     void folder_may_have_any_name_too();
     void names_that_differ_in_their_case_are_two_files();
-    void name_outside_of_the_encoding_gives_nothing();
+    void name_outside_the_encoding_gives_nothing();
     void name_in_another_encoding_than_the_tools_is_fixed();
 
 private:
@@ -60,13 +60,13 @@ void test_file_names::rename_and_load(const QString &name)
     drop_photos(*app.window, {app.path_of(name)});
 }
 
-void test_file_names::file_is_fixed_and_put_back_under_any_name_data()
+void test_file_names::file_is_fixed_and_restored_under_any_name_data()
 {
     QTest::addColumn<QString>("name");
-    QTest::newRow("blanks") << "a b  c.jpg";
+    QTest::newRow("spaces") << "a b  c.jpg";
     QTest::newRow("umlauts") << "Grüße äöü ß.jpg";
     QTest::newRow("letters of other scripts") << "写真 фото.jpg";
-    QTest::newRow("outside of the basic plane") << "\U0001F4F7.jpg";
+    QTest::newRow("outside the basic plane") << "\U0001F4F7.jpg";
     QTest::newRow("combining mark") << "a\u0308.jpg";
     QTest::newRow("percent signs") << "100% %d %f.jpg";
     QTest::newRow("placeholders") << "%1 %2 %99.jpg";
@@ -80,18 +80,18 @@ void test_file_names::file_is_fixed_and_put_back_under_any_name_data()
     QTest::newRow("equals sign") << "a=b.jpg";
     QTest::newRow("tag assignment") << "-Title=b.jpg";
     QTest::newRow("wild cards") << "a*?[b].jpg";
-    QTest::newRow("signs of the shell") << "$HOME `a` ;&|<>.jpg";
+    QTest::newRow("shell characters") << "$HOME `a` ;&|<>.jpg";
     QTest::newRow("backslash") << "a\\n.jpg";
-    QTest::newRow("tabulator") << "a\tb.jpg";
-    QTest::newRow("leading blank") << " a.jpg";
-    QTest::newRow("trailing blank") << "a.jpg ";
+    QTest::newRow("tab") << "a\tb.jpg";
+    QTest::newRow("leading space") << " a.jpg";
+    QTest::newRow("trailing space") << "a.jpg ";
     QTest::newRow("leading dot") << ".a.jpg";
     QTest::newRow("no extension") << "a";
     QTest::newRow("marker of the tool") << "{ready}";
     QTest::newRow("200 characters") << QString(196, 'x') + ".jpg";
 }
 
-void test_file_names::file_is_fixed_and_put_back_under_any_name()
+void test_file_names::file_is_fixed_and_restored_under_any_name()
 {
     QFETCH(QString, name);
     rename_and_load(name);
@@ -135,7 +135,7 @@ void test_file_names::names_that_differ_in_their_case_are_two_files()
 }
 
 /// No QString can hold such a name, so there is no way to reach the file.
-void test_file_names::name_outside_of_the_encoding_gives_nothing()
+void test_file_names::name_outside_the_encoding_gives_nothing()
 {
     const QByteArray raw_path = QFile::encodeName(app.folder->path()) + raw_name;
     QCOMPARE(link(QFile::encodeName(app.make_dated_photo("a.jpg")), raw_path), 0);

@@ -20,14 +20,14 @@ private slots:
 
     void finished_batch_empties_the_screen_and_keeps_what_it_wrote_data();
     void finished_batch_empties_the_screen_and_keeps_what_it_wrote();
-    void batch_throws_the_memory_of_the_one_before_away_data();
-    void batch_throws_the_memory_of_the_one_before_away();
-    void memory_goes_when_the_warnings_are_past();
+    void batch_discards_the_undo_memory_of_the_previous_one_data();
+    void batch_discards_the_undo_memory_of_the_previous_one();
+    void undo_memory_is_discarded_after_the_warnings();
     void failures_are_reported_by_path();
     void changes_are_undone_unless_kept_data();
     void changes_are_undone_unless_kept();
-    void answer_to_many_failures_is_seen_and_taken_data();
-    void answer_to_many_failures_is_seen_and_taken();
+    void answer_to_many_failures_is_visible_and_works_data();
+    void answer_to_many_failures_is_visible_and_works();
     void failed_photo_is_not_undone();
     void progress_counts_the_rows();
     void progress_is_hidden_after_an_empty_batch();
@@ -72,7 +72,7 @@ void test_fix_batch::finished_batch_empties_the_screen_and_keeps_what_it_wrote_d
     QTest::newRow("empty table") << names{} << names{} << names{} << replies{} << names{};
     QTest::newRow("no row with a time")
         << names{} << names{"a", "b"} << names{} << replies{} << names{};
-    QTest::newRow("rows without a time aside")
+    QTest::newRow("rows without a time besides")
         << names{"a"} << names{"b"} << names{} << replies{} << names{"a"};
     // clang-format on
 }
@@ -106,7 +106,7 @@ void test_fix_batch::finished_batch_empties_the_screen_and_keeps_what_it_wrote()
     QCOMPARE(window.button_undo->isEnabled(), !remembered.isEmpty());
 }
 
-void test_fix_batch::batch_throws_the_memory_of_the_one_before_away_data()
+void test_fix_batch::batch_discards_the_undo_memory_of_the_previous_one_data()
 {
     QTest::addColumn<QStringList>("dated");
     QTest::addColumn<QStringList>("undated");
@@ -117,7 +117,7 @@ void test_fix_batch::batch_throws_the_memory_of_the_one_before_away_data()
     QTest::newRow("all fail") << names{"a"} << names{} << names{"a"};
 }
 
-void test_fix_batch::batch_throws_the_memory_of_the_one_before_away()
+void test_fix_batch::batch_discards_the_undo_memory_of_the_previous_one()
 {
     QFETCH(QStringList, dated);
     QFETCH(QStringList, undated);
@@ -136,7 +136,7 @@ void test_fix_batch::batch_throws_the_memory_of_the_one_before_away()
     QVERIFY(!app.window->button_undo->isEnabled());
 }
 
-void test_fix_batch::memory_goes_when_the_warnings_are_past()
+void test_fix_batch::undo_memory_is_discarded_after_the_warnings()
 {
     MainWindow &window = *app.window;
     app.fix_dated_photo("before");
@@ -214,7 +214,7 @@ void test_fix_batch::changes_are_undone_unless_kept()
             app.writes().last().second.contains("-ExifIFD:DateTimeOriginal=2017:05:03 12:00:00"));
 }
 
-void test_fix_batch::answer_to_many_failures_is_seen_and_taken_data()
+void test_fix_batch::answer_to_many_failures_is_visible_and_works_data()
 {
     QTest::addColumn<QList<int>>("keys");
     QTest::addColumn<int>("clicked_button");
@@ -231,7 +231,7 @@ void test_fix_batch::answer_to_many_failures_is_seen_and_taken_data()
 }
 
 /// Uses the platform's events, which a button outside the screen would not get.
-void test_fix_batch::answer_to_many_failures_is_seen_and_taken()
+void test_fix_batch::answer_to_many_failures_is_visible_and_works()
 {
     QFETCH(QList<int>, keys);
     QFETCH(int, clicked_button);

@@ -48,12 +48,12 @@ private slots:
     void cleared_list_ends_the_batch();
     void cleared_list_hides_the_progress();
     void cleared_list_before_the_first_row_leaves_nothing_to_do();
-    void second_fix_runs_inside_of_the_first();
-    void undo_is_not_to_be_had_meanwhile();
+    void second_fix_runs_inside_the_first();
+    void undo_is_not_available_meanwhile();
     void dropped_photo_lengthens_the_batch();
-    void new_shift_holds_for_the_rows_to_come();
+    void new_shift_applies_to_the_remaining_rows();
     void sorted_rows_are_taken_by_their_new_places();
-    void opened_photo_moves_the_rows_to_come();
+    void opened_photo_moves_the_remaining_rows();
     void escape_hides_the_progress_and_nothing_more();
     void commands_run_in_between_data();
     void commands_run_in_between();
@@ -63,7 +63,7 @@ private slots:
     void dropped_photo_is_loaded_during_an_undo();
 
 private:
-    void at_once(int value, const std::function<void()> &action, QWidget *button);
+    void run_once_at(int value, const std::function<void()> &action, QWidget *button);
     void fix_with(int value, const std::function<void()> &action);
     void undo_with(const std::function<void()> &action);
 
@@ -79,8 +79,8 @@ void test_fix_interruptions::init()
 }
 
 /// Clicks the button of a batch, and runs `action` once when its progress reaches `value`.
-void test_fix_interruptions::at_once(int value, const std::function<void()> &action,
-                                     QWidget *button)
+void test_fix_interruptions::run_once_at(int value, const std::function<void()> &action,
+                                         QWidget *button)
 {
     bool done = false;
     progress_watch progress(*app.window->progress_fix);
@@ -94,7 +94,7 @@ void test_fix_interruptions::at_once(int value, const std::function<void()> &act
 
 void test_fix_interruptions::fix_with(int value, const std::function<void()> &action)
 {
-    at_once(value, action, app.window->button_fix_time);
+    run_once_at(value, action, app.window->button_fix_time);
 }
 
 /// Fixes the photos, then undoes that and runs `action` after the first one.
@@ -102,7 +102,7 @@ void test_fix_interruptions::undo_with(const std::function<void()> &action)
 {
     click(app.window->button_fix_time);
     app.tool.forget();
-    at_once(1, action, app.window->button_undo);
+    run_once_at(1, action, app.window->button_undo);
 }
 
 void test_fix_interruptions::user_input_is_taken_between_two_rows()
@@ -149,7 +149,7 @@ void test_fix_interruptions::cleared_list_before_the_first_row_leaves_nothing_to
     QVERIFY(!window.button_undo->isEnabled());
 }
 
-void test_fix_interruptions::second_fix_runs_inside_of_the_first()
+void test_fix_interruptions::second_fix_runs_inside_the_first()
 {
     MainWindow &window = *app.window;
     progress_watch progress(*window.progress_fix);
@@ -161,7 +161,7 @@ void test_fix_interruptions::second_fix_runs_inside_of_the_first()
     QCOMPARE(window.model->rowCount(), 0);
 }
 
-void test_fix_interruptions::undo_is_not_to_be_had_meanwhile()
+void test_fix_interruptions::undo_is_not_available_meanwhile()
 {
     MainWindow &window = *app.window;
     click(window.button_fix_time);
@@ -189,7 +189,7 @@ void test_fix_interruptions::dropped_photo_lengthens_the_batch()
     QCOMPARE(window.undo_map.size(), 4);
 }
 
-void test_fix_interruptions::new_shift_holds_for_the_rows_to_come()
+void test_fix_interruptions::new_shift_applies_to_the_remaining_rows()
 {
     MainWindow &window = *app.window;
     progress_watch progress(*window.progress_fix);
@@ -211,7 +211,7 @@ void test_fix_interruptions::sorted_rows_are_taken_by_their_new_places()
     QCOMPARE(app.window->model->rowCount(), 0);
 }
 
-void test_fix_interruptions::opened_photo_moves_the_rows_to_come()
+void test_fix_interruptions::opened_photo_moves_the_remaining_rows()
 {
     const QString first = app.make_photo("0", {"ExifIFD:DateTimeOriginal=2017:05:03 12:00:00"});
     fix_with(1, [&] {

@@ -25,11 +25,11 @@ private slots:
     void entered_shift_moves_the_clock_time_data();
     void entered_shift_moves_the_clock_time();
     void zero_shift_is_written();
-    void name_with_percent_signs_stands_as_it_is();
-    void rows_go_out_in_the_order_of_the_table();
-    void row_without_a_time_is_passed_over_data();
-    void row_without_a_time_is_passed_over();
-    void photo_is_read_at_its_loading_alone();
+    void name_with_percent_signs_is_sent_unchanged();
+    void rows_are_sent_in_the_order_of_the_table();
+    void row_without_a_time_is_skipped_data();
+    void row_without_a_time_is_skipped();
+    void photo_is_read_only_when_loaded();
 
 private:
     fake_tool_window app;
@@ -140,7 +140,7 @@ void test_fix_requests::each_tag_gets_its_text_data()
     QTest::newRow("tag with an empty value is there")
         << QStringList{date_tag, "ExifIFD:CreateDate="} << ""
         << QStringList{"-ExifIFD:CreateDate=" + plain, new_date};
-    QTest::newRow("names of other groups aren't meant")
+    QTest::newRow("tags of other groups don't count")
         << QStringList{date_tag, "XMP-xmp:CreateDate=2001:01:01 01:01:01",
                        "XMP-exif:DateTimeOriginal=2001:01:01 01:01:01"} << ""
         << QStringList{new_date};
@@ -191,9 +191,9 @@ void test_fix_requests::entered_shift_moves_the_clock_time_data()
     QTest::newRow("second") << "second"
                             << "45"
                             << "2016:03:01 00:00:15";
-    QTest::newRow("zone doesn't") << "timezone"
-                                  << "3"
-                                  << "2016:02:29 23:59:30";
+    QTest::newRow("zone doesn't move the time") << "timezone"
+                                                << "3"
+                                                << "2016:02:29 23:59:30";
 }
 
 void test_fix_requests::entered_shift_moves_the_clock_time()
@@ -215,7 +215,7 @@ void test_fix_requests::zero_shift_is_written()
              QStringList({new_date, "-IFD0:ModifyDate=2014:05:01 12:30:00"}));
 }
 
-void test_fix_requests::name_with_percent_signs_stands_as_it_is()
+void test_fix_requests::name_with_percent_signs_is_sent_unchanged()
 {
     app.load_dated_photo("100%1 %2.jpg");
     app.tool.forget();
@@ -225,7 +225,7 @@ void test_fix_requests::name_with_percent_signs_stands_as_it_is()
                                    "-ExifIFD:DateTimeOriginal=2017:05:03 12:00:00\n-execute\n");
 }
 
-void test_fix_requests::rows_go_out_in_the_order_of_the_table()
+void test_fix_requests::rows_are_sent_in_the_order_of_the_table()
 {
     app.load_dated_photo("c.jpg");
     app.load_dated_photo("a.jpg");
@@ -235,7 +235,7 @@ void test_fix_requests::rows_go_out_in_the_order_of_the_table()
     QCOMPARE(app.written_names(), QStringList({"c.jpg", "b.jpg", "a.jpg"}));
 }
 
-void test_fix_requests::row_without_a_time_is_passed_over_data()
+void test_fix_requests::row_without_a_time_is_skipped_data()
 {
     QTest::addColumn<QStringList>("tags");
     QTest::newRow("no tags") << QStringList{};
@@ -243,11 +243,11 @@ void test_fix_requests::row_without_a_time_is_passed_over_data()
         << QStringList{"ExifIFD:CreateDate=2017:05:03 12:00:00", "IPTC:DateCreated=2017:05:03"};
     QTest::newRow("empty recording time") << QStringList{"ExifIFD:DateTimeOriginal="};
     QTest::newRow("zeros") << QStringList{"ExifIFD:DateTimeOriginal=0000:00:00 00:00:00"};
-    QTest::newRow("no day of the calendar")
+    QTest::newRow("not a calendar day")
         << QStringList{"ExifIFD:DateTimeOriginal=2017:02:30 12:00:00"};
 }
 
-void test_fix_requests::row_without_a_time_is_passed_over()
+void test_fix_requests::row_without_a_time_is_skipped()
 {
     QFETCH(QStringList, tags);
     app.load_dated_photo("a.jpg");
@@ -265,7 +265,7 @@ void test_fix_requests::row_without_a_time_is_passed_over()
              QStringList({app.path_of("a.jpg"), app.path_of("c.jpg")}));
 }
 
-void test_fix_requests::photo_is_read_at_its_loading_alone()
+void test_fix_requests::photo_is_read_only_when_loaded()
 {
     app.load_dated_photo("a.jpg");
     app.load_dated_photo("b.jpg");

@@ -48,14 +48,14 @@ private slots:
     void photos_with_an_iptc_time_and_no_zone_are_counted();
     void photos_before_1972_are_counted_data();
     void photos_before_1972_are_counted();
-    void zone_field_with_a_text_silences_both_data();
-    void zone_field_with_a_text_silences_both();
+    void text_in_the_zone_field_suppresses_both_data();
+    void text_in_the_zone_field_suppresses_both();
     void zone_is_asked_about_before_1972();
     void box_offers_to_continue_or_abort();
     void abort_changes_nothing_data();
     void abort_changes_nothing();
     void accepted_warnings_let_the_batch_run();
-    void photo_before_1972_has_its_file_time_written_all_the_same();
+    void file_time_of_a_photo_before_1972_is_still_written();
 
 private:
     void load(const photo_list &photos);
@@ -119,7 +119,7 @@ void test_fix_warnings::photos_before_1972_are_counted_data()
     // clang-format off
     QTest::newRow("local midnight itself isn't early")
         << photo_list{{dated("1972:01:01 00:00:00")}} << "" << 0;
-    QTest::newRow("the second before is") << photo_list{{dated("1971:12:31 23:59:59")}} << "" << 1;
+    QTest::newRow("the second before midnight is early") << photo_list{{dated("1971:12:31 23:59:59")}} << "" << 1;
     QTest::newRow("the new time counts: moved before it")
         << photo_list{{dated("1972:01:01 00:00:00")}} << "-1" << 1;
     QTest::newRow("the new time counts: moved up to it")
@@ -143,15 +143,15 @@ void test_fix_warnings::photos_before_1972_are_counted()
     QCOMPARE(warnings_of_an_aborted_fix(), expected);
 }
 
-void test_fix_warnings::zone_field_with_a_text_silences_both_data()
+void test_fix_warnings::text_in_the_zone_field_suppresses_both_data()
 {
     QTest::addColumn<QString>("zone");
     QTest::newRow("hours") << "2";
     QTest::newRow("zero") << "0";
-    QTest::newRow("no number") << "-";
+    QTest::newRow("not a number") << "-";
 }
 
-void test_fix_warnings::zone_field_with_a_text_silences_both()
+void test_fix_warnings::text_in_the_zone_field_suppresses_both()
 {
     QFETCH(QString, zone);
     load({early_photo_without_zone});
@@ -239,7 +239,7 @@ void test_fix_warnings::accepted_warnings_let_the_batch_run()
     QCOMPARE(app.written_names(), QStringList({"photo_0.jpg", "photo_1.jpg"}));
 }
 
-void test_fix_warnings::photo_before_1972_has_its_file_time_written_all_the_same()
+void test_fix_warnings::file_time_of_a_photo_before_1972_is_still_written()
 {
     app.load_photo("old.jpg", {dated("1971:12:31 12:00:00"),
                                "System:FileModifyDate=2017:05:03 12:00:00+02:00"});

@@ -12,10 +12,10 @@ class test_framed_window : public QObject
     Q_OBJECT
 
 private slots:
-    void about_stands_over_the_middle_of_what_is_inside();
+    void about_is_centred_over_the_windows_contents();
 };
 
-void test_framed_window::about_stands_over_the_middle_of_what_is_inside()
+void test_framed_window::about_is_centred_over_the_windows_contents()
 {
     const std::unique_ptr<MainWindow> window = open_window();
     QTRY_VERIFY(window->frameGeometry().center().y() != window->geometry().center().y());

@@ -46,7 +46,7 @@ private slots:
     void file_dialog_is_german();
     void warnings_are_german();
     void failure_box_is_german();
-    void photos_are_fixed_and_undone_likewise();
+    void photos_are_fixed_and_undone_as_in_english();
 
 private:
     fake_tool_window app;
@@ -166,7 +166,7 @@ void test_german_workflow::failure_box_is_german()
     QCOMPARE(answers.boxes.first().no_text, QString("Rückgängig machen"));
 }
 
-void test_german_workflow::photos_are_fixed_and_undone_likewise()
+void test_german_workflow::photos_are_fixed_and_undone_as_in_english()
 {
     app.load_dated_photo("größe.jpg");
     type_shift(*app.window, "hour", "1");

@@ -42,19 +42,19 @@ private slots:
     void init();
     void cleanup() { app.end(); }
 
-    void table_starts_sorted_by_name_upwards();
+    void table_starts_sorted_by_ascending_name();
     void clicks_sort_data();
     void clicks_sort();
     void third_header_is_refused_data();
     void third_header_is_refused();
     void one_click_sorts_once();
     void click_on_an_empty_table_is_remembered();
-    void intake_sorts_once_by_the_key_in_force();
+    void intake_sorts_once_by_the_current_key();
     void reset_keeps_the_sort_for_the_next_files();
     void fix_keeps_the_sort_for_the_next_files();
     void typed_shift_moves_no_row();
     void chosen_format_moves_no_row();
-    void fix_walks_the_rows_as_sorted();
+    void fix_follows_the_sorted_order();
 
 private:
     void load_three();
@@ -92,7 +92,7 @@ QPair<int, Qt::SortOrder> test_header_clicks::indicator() const
     return {header->sortIndicatorSection(), header->sortIndicatorOrder()};
 }
 
-void test_header_clicks::table_starts_sorted_by_name_upwards()
+void test_header_clicks::table_starts_sorted_by_ascending_name()
 {
     QCOMPARE(app.window->model->rowCount(), 0);
     QCOMPARE(app.window->model->sort_column, int{column::name_column});
@@ -113,9 +113,9 @@ void test_header_clicks::clicks_sort_data()
     const QStringList by_time_down = {"a.jpg", "c.jpg", "b.jpg"};
     // clang-format off
     QTest::newRow("name turns from its first order") << QList<int>{0} << Qt::DescendingOrder << by_name_down;
-    QTest::newRow("and back") << QList<int>{0, 0} << Qt::AscendingOrder << by_name;
+    QTest::newRow("name turns back") << QList<int>{0, 0} << Qt::AscendingOrder << by_name;
     QTest::newRow("time starts upwards") << QList<int>{1} << Qt::AscendingOrder << by_time;
-    QTest::newRow("time again turns") << QList<int>{1, 1} << Qt::DescendingOrder << by_time_down;
+    QTest::newRow("time clicked again turns") << QList<int>{1, 1} << Qt::DescendingOrder << by_time_down;
     QTest::newRow("time a third time turns back") << QList<int>{1, 1, 1} << Qt::AscendingOrder << by_time;
     QTest::newRow("name after time starts upwards") << QList<int>{1, 1, 0} << Qt::AscendingOrder << by_name;
     QTest::newRow("name twice after time") << QList<int>{1, 0, 0} << Qt::DescendingOrder << by_name_down;
@@ -183,7 +183,7 @@ void test_header_clicks::click_on_an_empty_table_is_remembered()
     QCOMPARE(shown_names(*app.window), QStringList({"a.jpg", "c.jpg", "b.jpg"}));
 }
 
-void test_header_clicks::intake_sorts_once_by_the_key_in_force()
+void test_header_clicks::intake_sorts_once_by_the_current_key()
 {
     load_three();
     click_header(column::recording_time_column);
@@ -251,7 +251,7 @@ void test_header_clicks::chosen_format_moves_no_row()
                      {"01/30/2017 - 12:00:00", "01/31/2017 - 10:00:00", "05/03/2018 - 12:00:00"}));
 }
 
-void test_header_clicks::fix_walks_the_rows_as_sorted()
+void test_header_clicks::fix_follows_the_sorted_order()
 {
     load_three();
     click_header(column::recording_time_column);

@@ -85,15 +85,15 @@ class test_help_command : public QObject
 private slots:
     void init() { app.start(); }
     void cleanup();
-    void hands_the_page_to_the_browser_data();
-    void hands_the_page_to_the_browser();
-    void follows_the_stored_language_at_once();
+    void opens_the_page_in_the_browser_data();
+    void opens_the_page_in_the_browser();
+    void follows_the_stored_language_immediately();
     void replaces_an_older_page();
     void page_of_a_language_without_one_is_empty();
     void page_ends_at_a_zero_byte();
-    void says_nothing_where_it_cant_write();
-    void says_nothing_without_a_browser();
-    void goes_to_any_temporary_folder();
+    void shows_no_message_if_it_cant_write();
+    void shows_no_message_without_a_browser();
+    void works_in_any_temporary_folder();
     void file_outlives_the_window();
 
 private:
@@ -107,7 +107,7 @@ void test_help_command::cleanup()
         QFile::remove(help_path(language));
 }
 
-void test_help_command::hands_the_page_to_the_browser_data()
+void test_help_command::opens_the_page_in_the_browser_data()
 {
     QTest::addColumn<QString>("stored");
     QTest::addColumn<QString>("language");
@@ -118,7 +118,7 @@ void test_help_command::hands_the_page_to_the_browser_data()
     QTest::newRow("none stored") << QString() << "en";
 }
 
-void test_help_command::hands_the_page_to_the_browser()
+void test_help_command::opens_the_page_in_the_browser()
 {
     QFETCH(QString, stored);
     QFETCH(QString, language);
@@ -136,7 +136,7 @@ void test_help_command::hands_the_page_to_the_browser()
     QCOMPARE(QSettings().allKeys(), keys);
 }
 
-void test_help_command::follows_the_stored_language_at_once()
+void test_help_command::follows_the_stored_language_immediately()
 {
     const opened_urls browser;
     click(app.window->button_help);
@@ -187,7 +187,7 @@ void test_help_command::page_ends_at_a_zero_byte()
 }
 
 /// A folder in the place of the file can't be written by anybody.
-void test_help_command::says_nothing_where_it_cant_write()
+void test_help_command::shows_no_message_if_it_cant_write()
 {
     QVERIFY(QDir().mkdir(help_path("en")));
     const opened_urls browser;
@@ -199,7 +199,7 @@ void test_help_command::says_nothing_where_it_cant_write()
     QCOMPARE(dialogs.classes, QStringList());
 }
 
-void test_help_command::says_nothing_without_a_browser()
+void test_help_command::shows_no_message_without_a_browser()
 {
     const modal_watch dialogs;
     click(app.window->button_help);
@@ -208,7 +208,7 @@ void test_help_command::says_nothing_without_a_browser()
     QCOMPARE(dialogs.classes, QStringList());
 }
 
-void test_help_command::goes_to_any_temporary_folder()
+void test_help_command::works_in_any_temporary_folder()
 {
     const QTemporaryDir parent;
     const QString folder = parent.filePath("für 50% von allen");

@@ -34,10 +34,10 @@ private slots:
     void cleanup() { app.end(); }
 
     void xmp_date_hides_the_iptc_date();
-    void iptc_date_hidden_by_xmp_stays_in_a_fix_and_goes_in_the_undo();
+    void iptc_date_hidden_by_xmp_survives_a_fix_but_not_the_undo();
     void iptc_date_hidden_by_xmp_is_written_with_an_entered_zone();
     void ifd0_time_hides_the_exif_time();
-    void exif_time_hidden_by_ifd0_goes_as_the_tool_keeps_one_of_both();
+    void exif_time_hidden_by_ifd0_is_removed_by_the_tool();
 
 private:
     QString make_photo_with_two_creation_dates();
@@ -66,7 +66,7 @@ void test_hidden_tags::xmp_date_hides_the_iptc_date()
     QVERIFY(!shown_tags(path).contains(iptc_date_tag));
 }
 
-void test_hidden_tags::iptc_date_hidden_by_xmp_stays_in_a_fix_and_goes_in_the_undo()
+void test_hidden_tags::iptc_date_hidden_by_xmp_survives_a_fix_but_not_the_undo()
 {
     drop_photos(*app.window, {make_photo_with_two_creation_dates()});
     type_shift(*app.window, "hour", "1");
@@ -100,7 +100,7 @@ void test_hidden_tags::ifd0_time_hides_the_exif_time()
 }
 
 /// The tool itself removes the tag from one directory when it writes it to the other.
-void test_hidden_tags::exif_time_hidden_by_ifd0_goes_as_the_tool_keeps_one_of_both()
+void test_hidden_tags::exif_time_hidden_by_ifd0_is_removed_by_the_tool()
 {
     drop_photos(*app.window, {make_photo_with_two_recording_times()});
     type_shift(*app.window, "hour", "1");

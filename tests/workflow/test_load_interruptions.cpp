@@ -19,7 +19,7 @@ private slots:
     void cleared_list_before_the_first_file_leaves_the_new_ones();
     void opened_file_is_loaded_meanwhile();
     void opened_file_is_loaded_once();
-    void list_is_sorted_after_a_load_inside_of_another();
+    void list_is_sorted_after_a_load_inside_another();
 
 private:
     QStringList make_photos(const QStringList &names);
@@ -96,7 +96,7 @@ void test_load_interruptions::opened_file_is_loaded_once()
     QCOMPARE(app.tool.requests().size(), 3);
 }
 
-void test_load_interruptions::list_is_sorted_after_a_load_inside_of_another()
+void test_load_interruptions::list_is_sorted_after_a_load_inside_another()
 {
     const QStringList others = make_photos({"e", "d"});
     load_with({"c", "b", "a"}, 2, [&] {

@@ -47,8 +47,8 @@ class test_report_shortcut : public QObject
 private slots:
     void init() { app.start(); }
     void cleanup() { app.end(); }
-    void keys_show_the_report_whatever_has_the_focus_data() { add_widget_names(); }
-    void keys_show_the_report_whatever_has_the_focus();
+    void keys_show_the_report_from_any_focused_widget_data() { add_widget_names(); }
+    void keys_show_the_report_from_any_focused_widget();
     void keys_show_the_report_over_a_filled_table();
     void report_is_the_same_in_german();
     void keys_show_the_report_from_another_window();
@@ -62,7 +62,7 @@ private:
     fake_tool_window app;
 };
 
-void test_report_shortcut::keys_show_the_report_whatever_has_the_focus()
+void test_report_shortcut::keys_show_the_report_from_any_focused_widget()
 {
     QFETCH(QString, name);
     QWidget *widget = named_widget(*app.window, name);

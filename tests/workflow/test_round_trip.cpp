@@ -15,7 +15,7 @@ const QStringList written_tags = {"ExifIFD:DateTimeOriginal",  "IFD0:DateTimeOri
 
 /// Tags that change whenever a file is rewritten: sizes and positions of blocks, checksums of them,
 /// and what the tool derives from other tags.
-bool follows_from_others(const QString &tag)
+bool is_derived(const QString &tag)
 {
     static const QStringList names = {"System:FileAccessDate",  "System:FileInodeChangeDate",
                                       "System:FileSize",        "IFD0:StripOffsets",
@@ -37,7 +37,7 @@ tag_values never_written(const tag_values &tags)
 {
     tag_values some;
     for (auto tag = tags.begin(); tag != tags.end(); ++tag) {
-        if (!written_tags.contains(tag.key()) && !follows_from_others(tag.key()))
+        if (!written_tags.contains(tag.key()) && !is_derived(tag.key()))
             some[tag.key()] = tag.value();
     }
     return some;
@@ -75,12 +75,12 @@ private slots:
     void init() { app.start(); }
     void cleanup() { app.end(); }
 
-    void photo_is_fixed_and_put_back_data();
-    void photo_is_fixed_and_put_back();
+    void photo_is_fixed_and_restored_data();
+    void photo_is_fixed_and_restored();
     void reloaded_photo_shows_the_new_time();
-    void photo_that_has_gone_is_named_data();
-    void photo_that_has_gone_is_named();
-    void photo_that_has_gone_after_the_fix_is_passed_over();
+    void deleted_photo_is_reported_data();
+    void deleted_photo_is_reported();
+    void photo_deleted_after_the_fix_is_skipped();
 
 private:
     void shift_by(const QStringList &entries);
@@ -95,7 +95,7 @@ void test_round_trip::shift_by(const QStringList &entries)
         type_shift(*app.window, entry.section('=', 0, 0), entry.section('=', 1));
 }
 
-void test_round_trip::photo_is_fixed_and_put_back_data()
+void test_round_trip::photo_is_fixed_and_restored_data()
 {
     const QString noon = "ExifIFD:DateTimeOriginal=2017:05:03 12:00:00";
     const QStringList iptc_east = {"IPTC:DateCreated=2017:05:03",
@@ -114,7 +114,7 @@ void test_round_trip::photo_is_fixed_and_put_back_data()
             return QTest::addRow("%s: %s", name, title) << name;
         };
         // clang-format off
-        row("an hour on")
+        row("an hour later")
             << QStringList{noon, "ExifIFD:CreateDate=2017:05:03 12:00:01",
                            "IFD0:ModifyDate=2017:06:01 08:30:00"}
             << QStringList{"hour=1"} << 0
@@ -123,7 +123,7 @@ void test_round_trip::photo_is_fixed_and_put_back_data()
                            "IFD0:ModifyDate=2017:05:03 13:00:00",
                            "System:FileModifyDate=2017:05:03 13:00:00+02:00"}
             << QStringList{};
-        row("a month on, to a shorter one")
+        row("a month later, into a shorter one")
             << QStringList{"ExifIFD:DateTimeOriginal=2017:01:31 12:00:00"}
             << QStringList{"month=1"} << 0
             << QStringList{"ExifIFD:DateTimeOriginal=2017:02:28 12:00:00",
@@ -169,7 +169,7 @@ void test_round_trip::photo_is_fixed_and_put_back_data()
     }
 }
 
-void test_round_trip::photo_is_fixed_and_put_back()
+void test_round_trip::photo_is_fixed_and_restored()
 {
     QFETCH(QString, name);
     QFETCH(QStringList, tags);
@@ -224,14 +224,14 @@ void test_round_trip::reloaded_photo_shows_the_new_time()
     QCOMPARE(times(), QStringList{"03.05.2017 - 12:00:00"});
 }
 
-void test_round_trip::photo_that_has_gone_is_named_data()
+void test_round_trip::deleted_photo_is_reported_data()
 {
     QTest::addColumn<bool>("kept");
     QTest::newRow("Keep changes") << true;
     QTest::newRow("Undo Changes") << false;
 }
 
-void test_round_trip::photo_that_has_gone_is_named()
+void test_round_trip::deleted_photo_is_reported()
 {
     QFETCH(bool, kept);
     const QStringList names = {"a.jpg", "b.tif", "c.png"};
@@ -253,7 +253,7 @@ void test_round_trip::photo_that_has_gone_is_named()
     QCOMPARE(app.window->button_undo->isEnabled(), kept);
 }
 
-void test_round_trip::photo_that_has_gone_after_the_fix_is_passed_over()
+void test_round_trip::photo_deleted_after_the_fix_is_skipped()
 {
     const QStringList paths = {app.make_dated_photo("a.jpg"), app.make_dated_photo("b.jpg")};
     drop_photos(*app.window, paths);

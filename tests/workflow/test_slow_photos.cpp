@@ -29,9 +29,9 @@ class test_slow_photos : public QObject
 private slots:
     void init() { program = std::make_unique<watched_program>(); }
     void screen_is_exact_whenever_the_program_waits();
-    void screen_is_exact_after_a_load_inside_of_another();
-    void screen_is_exact_after_a_load_inside_of_a_fix_data();
-    void screen_is_exact_after_a_load_inside_of_a_fix();
+    void screen_is_exact_after_a_load_inside_another();
+    void screen_is_exact_after_a_load_inside_a_fix_data();
+    void screen_is_exact_after_a_load_inside_a_fix();
     void screen_is_exact_when_the_tool_has_died();
 
 private:
@@ -76,7 +76,7 @@ void test_slow_photos::screen_is_exact_whenever_the_program_waits()
         QVERIFY(program->wait_until_ended());
 }
 
-void test_slow_photos::screen_is_exact_after_a_load_inside_of_another()
+void test_slow_photos::screen_is_exact_after_a_load_inside_another()
 {
     constexpr int photos_before = 3;
     constexpr int photos_inside = 2;
@@ -94,7 +94,7 @@ void test_slow_photos::screen_is_exact_after_a_load_inside_of_another()
     QVERIFY(program->shows(expected, expected.load_progress(photos_before, photo_count)));
 }
 
-void test_slow_photos::screen_is_exact_after_a_load_inside_of_a_fix_data()
+void test_slow_photos::screen_is_exact_after_a_load_inside_a_fix_data()
 {
     QTest::addColumn<int>("photos_before");
     QTest::newRow("before the first photo") << 0;
@@ -102,7 +102,7 @@ void test_slow_photos::screen_is_exact_after_a_load_inside_of_a_fix_data()
     QTest::newRow("after the last photo") << photo_count;
 }
 
-void test_slow_photos::screen_is_exact_after_a_load_inside_of_a_fix()
+void test_slow_photos::screen_is_exact_after_a_load_inside_a_fix()
 {
     QFETCH(int, photos_before);
     constexpr int photos_inside = 2;

@@ -48,9 +48,9 @@ class test_soak : public QObject
 private slots:
     void initTestCase();
     void cleanupTestCase() { app.end(); }
-    void round_puts_every_photo_back_data();
-    void round_puts_every_photo_back();
-    void rounds_leave_nothing_behind();
+    void round_restores_every_photo_data();
+    void round_restores_every_photo();
+    void rounds_leak_nothing();
 
 private:
     QList<QByteArray> written_dates() const;
@@ -78,21 +78,21 @@ void test_soak::initTestCase()
     picture = picture_data(paths.first());
 }
 
-void test_soak::round_puts_every_photo_back_data()
+void test_soak::round_restores_every_photo_data()
 {
     QTest::addColumn<int>("round");
     for (int round = 1; round <= round_count; ++round)
         QTest::addRow("round %d", round) << round;
 }
 
-void test_soak::round_puts_every_photo_back()
+void test_soak::round_restores_every_photo()
 {
     fix_and_undo_all();
     memory << memory_kb();
     descriptors << open_descriptors();
 }
 
-void test_soak::rounds_leave_nothing_behind()
+void test_soak::rounds_leak_nothing()
 {
     QCOMPARE(memory.size(), round_count);
     for (int round = 0; round < round_count; ++round)
@@ -121,7 +121,7 @@ QList<QByteArray> test_soak::written_dates() const
 void test_soak::fix_and_undo_all()
 {
     // Where the file system keeps no creation dates, the tool prints a message at each undo.
-    const captured_output words_of_the_tool;
+    const captured_output tool_output;
     box_answers answers;
     drop_photos(*app.window, paths);
     QCOMPARE(app.window->model->rowCount(), photo_count);

@@ -36,16 +36,16 @@ private slots:
     void cleanup() { app.end(); }
 
     void snapshot_has_an_entry_for_each_candidate();
-    void snapshot_names_ifd0_in_place_of_exif();
+    void snapshot_has_ifd0_instead_of_exif();
     void snapshot_holds_iptc_times_with_date_and_zone_data();
     void snapshot_holds_iptc_times_with_date_and_zone();
-    void snapshot_of_a_lone_sign_as_zone_throws();
+    void snapshot_of_a_zone_with_only_a_sign_throws();
     void snapshot_changes_nothing();
-    void request_puts_the_old_values_back();
+    void request_restores_the_old_values();
     void tags_that_were_added_are_removed();
-    void ifd0_is_put_back_and_exif_not_named();
-    void photos_go_out_in_the_order_of_their_paths();
-    void refused_photo_is_passed_over();
+    void ifd0_is_restored_and_exif_not_written();
+    void photos_are_sent_in_the_order_of_their_paths();
+    void refused_photo_is_skipped();
     void second_click_has_no_effect();
     void memory_survives_clearing_loading_and_abort();
     void list_cache_and_shift_stay();
@@ -88,7 +88,7 @@ void test_undo_batch::snapshot_has_an_entry_for_each_candidate()
     }
 }
 
-void test_undo_batch::snapshot_names_ifd0_in_place_of_exif()
+void test_undo_batch::snapshot_has_ifd0_instead_of_exif()
 {
     const QList<undo_entry> entries = snapshot({"IFD0:DateTimeOriginal=2017:05:03 12:00:00"});
     QStringList expected = candidate_names.mid(1);
@@ -137,7 +137,7 @@ void test_undo_batch::snapshot_holds_iptc_times_with_date_and_zone()
     QCOMPARE(entry.value, value);
 }
 
-void test_undo_batch::snapshot_of_a_lone_sign_as_zone_throws()
+void test_undo_batch::snapshot_of_a_zone_with_only_a_sign_throws()
 {
     QVERIFY_EXCEPTION_THROWN(
         snapshot({"ExifIFD:DateTimeOriginal=2017:05:03 12:00:00", "IPTC:TimeCreated=12:00:00-"}),
@@ -157,7 +157,7 @@ void test_undo_batch::snapshot_changes_nothing()
     QCOMPARE(app.tool.input(), QByteArray());
 }
 
-void test_undo_batch::request_puts_the_old_values_back()
+void test_undo_batch::request_restores_the_old_values()
 {
     app.load_photo("100%1.jpg", {"ExifIFD:DateTimeOriginal=2017:05:03 12:00:00",
                                  "XMP-photoshop:DateCreated=2017:05:04 13:00:00",
@@ -194,7 +194,7 @@ void test_undo_batch::tags_that_were_added_are_removed()
     QVERIFY(app.writes().last().second.contains("-IPTC:TimeCreated="));
 }
 
-void test_undo_batch::ifd0_is_put_back_and_exif_not_named()
+void test_undo_batch::ifd0_is_restored_and_exif_not_written()
 {
     app.load_photo("photo.jpg", {"IFD0:DateTimeOriginal=2017:05:03 12:00:00"});
     click(app.window->button_fix_time);
@@ -208,7 +208,7 @@ void test_undo_batch::ifd0_is_put_back_and_exif_not_named()
                           "-XMP-photoshop:DateCreated="}));
 }
 
-void test_undo_batch::photos_go_out_in_the_order_of_their_paths()
+void test_undo_batch::photos_are_sent_in_the_order_of_their_paths()
 {
     for (const char *name : {"b.jpg", "B.jpg", "a.jpg", "ä.jpg"})
         app.load_dated_photo(name);
@@ -219,7 +219,7 @@ void test_undo_batch::photos_go_out_in_the_order_of_their_paths()
     QCOMPARE(app.written_names(), QStringList({"B.jpg", "a.jpg", "b.jpg", "ä.jpg"}));
 }
 
-void test_undo_batch::refused_photo_is_passed_over()
+void test_undo_batch::refused_photo_is_skipped()
 {
     for (const char *name : {"a.jpg", "b.jpg"})
         app.load_dated_photo(name);

@@ -105,8 +105,8 @@ private slots:
     void init() { app.start(); }
     void cleanup();
 
-    void about_stands_over_the_middle_data();
-    void about_stands_over_the_middle();
+    void about_is_centred_over_the_window_data();
+    void about_is_centred_over_the_window();
     void about_is_centred_up_to_the_edge_of_the_screen_data();
     void about_is_centred_up_to_the_edge_of_the_screen();
     void about_belongs_to_the_window();
@@ -125,7 +125,7 @@ private slots:
     void language_is_stored_whatever_the_answer_data();
     void language_is_stored_whatever_the_answer();
 
-    void no_command_opens_an_address_by_itself();
+    void no_command_opens_an_address_on_its_own();
     void link_of_the_about_dialog_opens_its_address();
 
 private:
@@ -138,7 +138,7 @@ void test_window_commands::cleanup()
     set_identity();
 }
 
-void test_window_commands::about_stands_over_the_middle_data()
+void test_window_commands::about_is_centred_over_the_window_data()
 {
     QTest::addColumn<QRect>("window_place");
     QTest::newRow("even sides") << QRect(0, 0, 800, 700);
@@ -148,7 +148,7 @@ void test_window_commands::about_stands_over_the_middle_data()
 }
 
 /// Tries versions of several lengths, which make the dialog's width odd or even.
-void test_window_commands::about_stands_over_the_middle()
+void test_window_commands::about_is_centred_over_the_window()
 {
     QFETCH(QRect, window_place);
     app.window->resize(window_place.size());
@@ -380,7 +380,7 @@ void test_window_commands::language_is_stored_whatever_the_answer()
     QCOMPARE(stored_language(), QString("de"));
 }
 
-void test_window_commands::no_command_opens_an_address_by_itself()
+void test_window_commands::no_command_opens_an_address_on_its_own()
 {
     const opened_urls browser;
     {

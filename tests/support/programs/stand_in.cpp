@@ -115,9 +115,9 @@ void answer(const std::vector<std::string> &request)
 
 void run_action(const std::string &line, const std::vector<std::string> &request)
 {
-    const std::size_t blank = line.find(' ');
-    const std::string verb = line.substr(0, blank);
-    const std::string rest = blank == std::string::npos ? "" : line.substr(blank + 1);
+    const std::size_t space = line.find(' ');
+    const std::string verb = line.substr(0, space);
+    const std::string rest = space == std::string::npos ? "" : line.substr(space + 1);
     if (verb == "out")
         write_all(STDOUT_FILENO, unescaped(rest));
     else if (verb == "err")
