@@ -114,7 +114,7 @@ void test_layout_filling::each_fill_makes_its_backgrounds_data()
 {
     QTest::addColumn<QString>("before");
     QTest::addColumn<int>("made");
-    // Each run makes one for its covered cells, and one for each position that exists at that time.
+    // Each run makes one background for its covered cells, and one for each existing position.
     QTest::newRow("no lines yet") << "" << 1;
     QTest::newRow("one position") << "a" << 1 + 1;
     QTest::newRow("full lines") << "a b* c d" << 1 + 4;

@@ -72,7 +72,7 @@ private:
     QByteArray fixes(const QString &names) const;
     QByteArray undos(const QString &names) const;
     QByteArray writes(const QString &names, const QByteArray &lines) const;
-    /// Everything that the tool has received when the batch has reached these photos.
+    /// Everything that the tool has received once the batch has reached these photos.
     QByteArray input_of(const QString &batch, const QString &names) const;
     qint64 tool_process() const { return tool->process_ids().value(0); }
 

@@ -279,7 +279,7 @@ void test_resources::english_has_no_catalogue()
     QCOMPARE(MainWindow::tr("Load images"), QString("Load images"));
 }
 
-/// All style sheets of the program are literals, so its file contains them unchanged.
+/// All style sheets of the program are literals, so the executable contains them unchanged.
 void test_resources::pictures_named_in_the_program_exist()
 {
     const QByteArray program = bytes_of(KELVRA_PROGRAM);

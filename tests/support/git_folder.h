@@ -36,7 +36,8 @@ public:
     const QString path;  ///< without symbolic links
 
 private:
-    /// Without the variables that a git hook sets to its own repository, in case it runs the tests.
+    /// A git hook that runs the tests sets git's variables to its own repository; they are left
+    /// out.
     static QProcessEnvironment environment_without_git()
     {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();

@@ -11,8 +11,8 @@
 
 /// What the kernel reports about processes, whoever started them (proc(5)).
 
-/// The fields after the name in the process's line, starting with the state; empty if there is no
-/// such process.
+/// The fields after the name in the process's stat line, starting with the state; empty if there is
+/// no such process.
 inline QList<QByteArray> process_fields(qint64 id)
 {
     QFile file(QString("/proc/%1/stat").arg(id));

@@ -10,8 +10,8 @@
 /// Photos made for a test, and separate ExifTool runs to look at them: nothing here goes through
 /// the program.
 
-/// Makes a small picture at `path` with these tags ("ExifIFD:DateTimeOriginal=2017:05:03
-/// 12:00:00").
+/// Makes a small picture at `path` with tags such as
+/// "ExifIFD:DateTimeOriginal=2017:05:03 12:00:00".
 void make_jpeg(const QString &path, const QStringList &tags = QStringList());
 void make_png(const QString &path, const QStringList &tags = QStringList());
 void make_tiff(const QString &path, const QStringList &tags = QStringList());

@@ -157,7 +157,8 @@ int ink_at_width(const QString &text, int width)
     return ink_of(label.grab().toImage());
 }
 
-/// Turns it over the middle of the widget's visible part, as the platform reports it to the window.
+/// Turns the mouse wheel over the middle of the widget's visible part, by an event that the
+/// platform reports to the window.
 void turn_wheel(QWidget &widget, int steps)
 {
     const QPoint middle = widget.visibleRegion().boundingRect().center();

@@ -52,7 +52,7 @@ QString test_missing_tool::make_photo(const QString &name)
     return path;
 }
 
-/// It reports it once, and only to the standard streams.
+/// The tool is reported missing once, and only on the standard streams.
 void test_missing_tool::first_photo_reports_the_missing_tool()
 {
     const QString path = make_photo("a.jpg");

@@ -63,7 +63,7 @@ void test_refused_drops::drop_again()
     QTRY_COMPARE(program->read_paths(), folder_files(loaded_folder) + folder_files(dropped_folder));
 }
 
-/// The drag enters the drop area while the tool is held at one photo, and ends in a drop at a later
+/// The drag enters the drop area while the tool is held at one photo, and is released at a later
 /// one.
 void test_refused_drops::drag_that_enters_during_a_load_is_refused()
 {

@@ -108,7 +108,7 @@ void test_round_trip::photo_is_fixed_and_restored_data()
     QTest::addColumn<QStringList>("shift");
     QTest::addColumn<int>("warnings");
     QTest::addColumn<QStringList>("fixed");
-    QTest::addColumn<QStringList>("undone");  // if that isn't what was there at first
+    QTest::addColumn<QStringList>("undone");  // if not the original tags
     for (const char *name : {"photo.jpg", "photo.tif", "photo.png"}) {
         const auto row = [name](const char *title) -> QTestData & {
             return QTest::addRow("%s: %s", name, title) << name;
