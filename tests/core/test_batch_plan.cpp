@@ -78,7 +78,7 @@ private slots:
     void written_zone_is_the_sum_of_stored_and_entered_data();
     void written_zone_is_the_sum_of_stored_and_entered();
     void nothing_is_written_to_a_photo_without_date_tags();
-    void ifd0_date_is_written_in_place_of_the_exif_date();
+    void ifd0_date_is_written_instead_of_the_exif_date();
     void inode_date_is_never_written_or_remembered();
     void tags_of_other_names_are_never_written();
 
@@ -216,7 +216,7 @@ void test_batch_plan::nothing_is_written_to_a_photo_without_date_tags()
     QCOMPARE(fix_tags({{}, summer_record()}, new_time, false, 0.0), tag_map());
 }
 
-void test_batch_plan::ifd0_date_is_written_in_place_of_the_exif_date()
+void test_batch_plan::ifd0_date_is_written_instead_of_the_exif_date()
 {
     const photo_tags photo{{{ifd0_original, "2001:01:01 01:01:01"}, {exif_original, ""}},
                            with(summer_record(), "DateTimeOriginalInIFD0", "true")};

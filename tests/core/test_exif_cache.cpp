@@ -66,7 +66,7 @@ private slots:
     void load_is_one_request();
     void load_again_replaces_the_tags();
     void paths_are_kept_in_utf8();
-    void files_are_kept_apart();
+    void each_file_has_its_own_record();
     void changing_a_copy_does_not_change_the_record();
     void file_that_was_not_loaded_has_an_empty_record();
     void missing_tool_gives_a_record_without_a_time();
@@ -299,7 +299,7 @@ void test_exif_cache::paths_are_kept_in_utf8()
     QCOMPARE(cache->record_copy(path), with(bare_record, exif_record));
 }
 
-void test_exif_cache::files_are_kept_apart()
+void test_exif_cache::each_file_has_its_own_record()
 {
     tool.set_tags("a.jpg", {exif_time});
     tool.set_tags("b.jpg", {ifd0_time});

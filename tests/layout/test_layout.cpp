@@ -55,7 +55,7 @@ private slots:
     void cells_follow_each_other_data();
     void cells_follow_each_other();
     void added_widget_gets_the_layouts_parent();
-    void added_widget_loses_its_parent_without_one_here();
+    void added_widget_loses_its_parent_if_the_layout_has_none();
     void widget_gets_its_parent_before_its_position();
     void stored_cells_keep_their_addresses();
     void cell_without_a_widget_is_not_registered();
@@ -248,7 +248,7 @@ void test_layout::added_widget_gets_the_layouts_parent()
     QCOMPARE(third.column, 0);
 }
 
-void test_layout::added_widget_loses_its_parent_without_one_here()
+void test_layout::added_widget_loses_its_parent_if_the_layout_has_none()
 {
     QWidget elsewhere;
     auto *widget = new QWidget(&elsewhere);

@@ -104,7 +104,7 @@ class test_layout_adding : public QObject
 private slots:
     void size_is_fixed_at_once_and_kept_by_later_passes();
     void hidden_widget_stays_hidden_in_a_shown_window();
-    void disabled_widget_takes_no_click();
+    void disabled_widget_gets_no_click();
     void widget_is_added_with_its_properties_and_returned();
     void widget_is_added_with_several_lists();
     void click_runs_the_function();
@@ -147,7 +147,7 @@ void test_layout_adding::hidden_widget_stays_hidden_in_a_shown_window()
     QVERIFY(!hidden->isVisible());
 }
 
-void test_layout_adding::disabled_widget_takes_no_click()
+void test_layout_adding::disabled_widget_gets_no_click()
 {
     int clicks = 0;
     laid_out_window screen;

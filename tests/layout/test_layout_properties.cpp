@@ -114,7 +114,7 @@ private slots:
     void kinds_are_numbered_in_order();
     void kind_changes_nothing_else_data();
     void kind_changes_nothing_else();
-    void kind_takes_negative_and_zero_numbers();
+    void kind_accepts_negative_and_zero_numbers();
     void last_of_fewer_numbers_is_repeated();
     void one_number_is_for_all_sides_of_the_cell();
     void background_gets_its_sheets_appended();
@@ -212,7 +212,7 @@ void test_layout_properties::kind_changes_nothing_else()
     QVERIFY(!without_widget.widget());
 }
 
-void test_layout_properties::kind_takes_negative_and_zero_numbers()
+void test_layout_properties::kind_accepts_negative_and_zero_numbers()
 {
     cell target;
     QCOMPARE(effect_of({properties::margin(0, -2, -3, 0)}, target),

@@ -56,7 +56,7 @@ class test_stylesheet : public QObject
 private slots:
     void declarations_are_read_data();
     void declarations_are_read();
-    void group_without_a_selector_is_always_there();
+    void group_without_a_selector_always_exists();
     void set_adds_to_existing_declarations();
     void set_reads_utf_8();
     void set_does_not_change_other_groups();
@@ -119,7 +119,7 @@ void test_stylesheet::declarations_are_read()
     QCOMPARE(read_declarations(filled_later), expected);
 }
 
-void test_stylesheet::group_without_a_selector_is_always_there()
+void test_stylesheet::group_without_a_selector_always_exists()
 {
     const stylesheet sheet((QString()));
     QCOMPARE(sheet.groups.size(), std::size_t(1));

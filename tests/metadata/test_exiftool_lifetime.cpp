@@ -57,7 +57,7 @@ class test_exiftool_lifetime : public QObject
 
 private slots:
     void init();
-    void idle_tool_is_asked_to_quit();
+    void idle_tool_is_told_to_quit();
     void tool_held_by_another_pointer_also_ends_data();
     void tool_held_by_another_pointer_also_ends();
     void slow_exit_is_waited_for();
@@ -80,10 +80,10 @@ private slots:
     void missing_tool_isnt_tried_again();
     void tool_that_cant_be_run_is_reported_data();
     void tool_that_cant_be_run_is_reported();
-    void tool_that_takes_too_long_to_start_is_given_up();
+    void tool_that_takes_too_long_to_start_is_abandoned();
     void tool_that_never_starts_is_killed();
-    void tool_that_ends_at_once_has_started_data();
-    void tool_that_ends_at_once_has_started();
+    void tool_that_ends_immediately_has_started_data();
+    void tool_that_ends_immediately_has_started();
 
 private:
     program_result run(const QStringList &commands) const { return folder->run(commands); }
@@ -99,7 +99,7 @@ void test_exiftool_lifetime::init()
     folder = std::make_unique<isolated_program>(TOOL_SESSION_PROGRAM);
 }
 
-void test_exiftool_lifetime::idle_tool_is_asked_to_quit()
+void test_exiftool_lifetime::idle_tool_is_told_to_quit()
 {
     folder->use_stand_in();
     tool->script("quit", {"touch quit"});
@@ -340,7 +340,7 @@ void test_exiftool_lifetime::tool_that_cant_be_run_is_reported()
     QCOMPARE(result.errors, QByteArray());
 }
 
-void test_exiftool_lifetime::tool_that_takes_too_long_to_start_is_given_up()
+void test_exiftool_lifetime::tool_that_takes_too_long_to_start_is_abandoned()
 {
     folder->use_stand_in();
     const environment_value delay("KELVRA_EXEC_DELAY", "3500");
@@ -362,7 +362,7 @@ void test_exiftool_lifetime::tool_that_never_starts_is_killed()
     QCOMPARE(tool->process_ids().size(), 0);
 }
 
-void test_exiftool_lifetime::tool_that_ends_at_once_has_started_data()
+void test_exiftool_lifetime::tool_that_ends_immediately_has_started_data()
 {
     QTest::addColumn<QString>("end");
     QTest::addColumn<QStringList>("commands");
@@ -376,7 +376,7 @@ void test_exiftool_lifetime::tool_that_ends_at_once_has_started_data()
     }
 }
 
-void test_exiftool_lifetime::tool_that_ends_at_once_has_started()
+void test_exiftool_lifetime::tool_that_ends_immediately_has_started()
 {
     QFETCH(QString, end);
     QFETCH(QStringList, commands);

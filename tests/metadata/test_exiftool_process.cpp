@@ -74,7 +74,7 @@ private slots:
     void big_reply_arrives_whole();
     void big_request_arrives_whole();
     void quick_reply_prints_nothing();
-    void slow_reply_is_warned_of();
+    void slow_reply_causes_warnings();
     void reply_is_awaited_for_ten_seconds();
     void standard_error_is_relayed_data();
     void standard_error_is_relayed();
@@ -244,7 +244,7 @@ void test_exiftool_process::quick_reply_prints_nothing()
     QCOMPARE(output.text(), QByteArray());
 }
 
-void test_exiftool_process::slow_reply_is_warned_of()
+void test_exiftool_process::slow_reply_causes_warnings()
 {
     tool.script("next", {"wait 1500", "out -A=1\\n{ready}\\n"});
     const captured_output output;

@@ -61,7 +61,7 @@ private slots:
     void stored_language_wins();
     void starts_no_tool_before_the_first_photo();
     void file_open_event_loads_the_photo();
-    void file_open_event_is_taken_as_soon_as_the_window_shows();
+    void file_open_event_is_handled_as_soon_as_the_window_shows();
     void file_open_event_is_lost_on_a_hidden_window();
     void tool_is_told_to_quit_after_the_window_closes();
     void quitting_for_a_new_language_ends_it_cleanly();
@@ -230,7 +230,7 @@ void test_program::file_open_event_loads_the_photo()
     QCOMPARE(tool->process_ids().size(), 1);
 }
 
-void test_program::file_open_event_is_taken_as_soon_as_the_window_shows()
+void test_program::file_open_event_is_handled_as_soon_as_the_window_shows()
 {
     running_program program(folder->program_path(), "showing open " + photo() + ";rows;close");
     QVERIFY(program.wait_until_ended());

@@ -106,8 +106,8 @@ class test_program_setup : public QObject
 private slots:
     void init() { clear_settings(); }
     void settings_are_stored_under_the_programs_name();
-    void tool_tips_take_two_seconds_data();
-    void tool_tips_take_two_seconds();
+    void tool_tips_appear_after_two_seconds_data();
+    void tool_tips_appear_after_two_seconds();
     void tool_tip_really_waits_two_seconds();
     void application_owns_the_style();
     void widgets_without_a_sheet_are_dark_with_light_text();
@@ -138,7 +138,7 @@ void test_program_setup::settings_are_stored_under_the_programs_name()
     QCOMPARE(settings.applicationName(), QString("Kelvra"));
 }
 
-void test_program_setup::tool_tips_take_two_seconds_data()
+void test_program_setup::tool_tips_appear_after_two_seconds_data()
 {
     QTest::addColumn<int>("platform_delay_ms");
     QTest::addColumn<int>("platform_cooldown_ms");
@@ -147,7 +147,7 @@ void test_program_setup::tool_tips_take_two_seconds_data()
     QTest::newRow("same delay") << 2000 << 2000;
 }
 
-void test_program_setup::tool_tips_take_two_seconds()
+void test_program_setup::tool_tips_appear_after_two_seconds()
 {
     QFETCH(int, platform_delay_ms);
     QFETCH(int, platform_cooldown_ms);

@@ -39,11 +39,11 @@ private slots:
     void names_sort_as_the_locale_does();
     void files_sort_by_recording_time_data();
     void files_sort_by_recording_time();
-    void shift_does_not_count_in_the_sort_by_recording_time();
+    void shift_does_not_affect_the_sort_by_recording_time();
     void equal_times_keep_every_file();
     void files_without_a_date_stay_in_the_list_data();
     void files_without_a_date_stay_in_the_list();
-    void other_orders_than_descending_sort_upwards();
+    void orders_other_than_descending_sort_ascending();
     void layout_signals_surround_the_sorting();
     void state_is_stored_after_the_last_signal();
     void empty_list_goes_through_the_same_steps();
@@ -211,7 +211,7 @@ void test_column_sorting::files_sort_by_recording_time()
     QCOMPARE(model->files, expected);
 }
 
-void test_column_sorting::shift_does_not_count_in_the_sort_by_recording_time()
+void test_column_sorting::shift_does_not_affect_the_sort_by_recording_time()
 {
     use_times({{"/p/a.jpg", "2017:01:31 10:00:00"}, {"/p/b.jpg", "2017:01:30 12:00:00"}});
     model->datetime_offset_changed(0, 1, 0, 0, 0, 0, false, 0.0);
@@ -266,7 +266,7 @@ void test_column_sorting::files_without_a_date_stay_in_the_list()
     }
 }
 
-void test_column_sorting::other_orders_than_descending_sort_upwards()
+void test_column_sorting::orders_other_than_descending_sort_ascending()
 {
     use_times({{"/p/a.jpg", "2018:05:03 12:00:00"}, {"/p/b.jpg", "2017:05:03 12:00:00"}});
     const auto odd_order = static_cast<Qt::SortOrder>(7);

@@ -58,7 +58,7 @@ QList<QAction *> entries_of(const QMenu &menu)
 }
 
 /// The background of an entry, taken beside its text.
-QColor ground_of(const QImage &entry)
+QColor background_of(const QImage &entry)
 {
     return entry.pixelColor(4, entry.height() / 2);
 }
@@ -79,7 +79,7 @@ QColor brightest(const QImage &entry)
 
 void check_disabled(const QImage &entry)
 {
-    QCOMPARE(ground_of(entry), surface);
+    QCOMPARE(background_of(entry), surface);
     const int grey = qGray(brightest(entry).rgb());
     QVERIFY2(grey > 70 && grey <= qGray(disabled_colour.rgb()), qPrintable(QString::number(grey)));
 }
@@ -146,7 +146,7 @@ void test_field_menu::menu_has_surface_and_border_of_the_skin()
     QCOMPARE(picture.pixelColor(picture.width() / 2, 0), border_colour);
     QCOMPARE(picture.pixelColor(0, picture.height() / 2), border_colour);
     const QImage entry = shown(entries_of(*menu).at(cut));
-    QCOMPARE(ground_of(entry), surface);
+    QCOMPARE(background_of(entry), surface);
     QVERIFY(qGray(brightest(entry).rgb()) > 160);
 }
 
@@ -155,12 +155,12 @@ void test_field_menu::entry_under_the_mouse_is_highlighted()
     const QList<QAction *> entries = entries_of(*menu);
     point_at(entries.at(copy));
     QTRY_COMPARE(menu->activeAction(), entries.at(copy));
-    QCOMPARE(ground_of(shown(entries.at(copy))), text_colour);
-    QCOMPARE(ground_of(shown(entries.at(cut))), surface);
+    QCOMPARE(background_of(shown(entries.at(copy))), text_colour);
+    QCOMPARE(background_of(shown(entries.at(cut))), surface);
     point_at(entries.at(cut));
     QTRY_COMPARE(menu->activeAction(), entries.at(cut));
-    QCOMPARE(ground_of(shown(entries.at(cut))), text_colour);
-    QCOMPARE(ground_of(shown(entries.at(copy))), surface);
+    QCOMPARE(background_of(shown(entries.at(cut))), text_colour);
+    QCOMPARE(background_of(shown(entries.at(copy))), surface);
 }
 
 void test_field_menu::disabled_entry_looks_disabled()

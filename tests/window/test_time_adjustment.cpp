@@ -90,15 +90,15 @@ private slots:
     void inner_grid_has_spacings_and_a_stretching_end();
     void column_has_label_and_field_data();
     void column_has_label_and_field();
-    void numeric_fields_take_any_whole_number_data();
-    void numeric_fields_take_any_whole_number();
-    void zone_field_takes_two_decimals_from_minus_12_to_14();
+    void numeric_fields_accept_any_whole_number_data();
+    void numeric_fields_accept_any_whole_number();
+    void zone_field_accepts_two_decimals_from_minus_12_to_14();
     void tooltip_goes_to_all_labels_and_fields();
     void placeholder_is_greyer_than_a_typed_number();
     void placeholder_has_enough_contrast_to_be_read();
     void empty_zone_shows_nothing();
     void tab_goes_from_the_year_to_the_zone();
-    void first_field_takes_the_keyboard();
+    void first_field_gets_the_keyboard_focus();
 
 private:
     template <class Widget>
@@ -212,14 +212,14 @@ void test_time_adjustment::column_has_label_and_field()
     QCOMPARE(place_in(grid, field), QVector<int>({2, column, 1, 1}));
 }
 
-void test_time_adjustment::numeric_fields_take_any_whole_number_data()
+void test_time_adjustment::numeric_fields_accept_any_whole_number_data()
 {
     QTest::addColumn<QString>("field");
     for (const QString &name : field_names.mid(0, 6))
         QTest::newRow(qPrintable(name)) << name;
 }
 
-void test_time_adjustment::numeric_fields_take_any_whole_number()
+void test_time_adjustment::numeric_fields_accept_any_whole_number()
 {
     QFETCH(QString, field);
     const auto *validator =
@@ -230,7 +230,7 @@ void test_time_adjustment::numeric_fields_take_any_whole_number()
     QCOMPARE(validator->top(), std::numeric_limits<int>::max());
 }
 
-void test_time_adjustment::zone_field_takes_two_decimals_from_minus_12_to_14()
+void test_time_adjustment::zone_field_accepts_two_decimals_from_minus_12_to_14()
 {
     const auto *validator = qobject_cast<const QDoubleValidator *>(
         find<orv::lineedit>("lineedit_timezone")->validator());
@@ -300,7 +300,7 @@ void test_time_adjustment::tab_goes_from_the_year_to_the_zone()
     QCOMPARE(visited, field_names);
 }
 
-void test_time_adjustment::first_field_takes_the_keyboard()
+void test_time_adjustment::first_field_gets_the_keyboard_focus()
 {
     panel->show();
     QVERIFY(QTest::qWaitForWindowActive(panel));

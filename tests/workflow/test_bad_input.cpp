@@ -40,7 +40,7 @@ const QByteArray far_away = "\x7f\xff\xff\xff";
 const QByteArray exif_directory_tag("\x87\x69\0\x04", 4);
 const QByteArray recording_time_tag("\x90\x03\0\x02", 4);
 
-QByteArray cut_behind_start(QByteArray jpeg)
+QByteArray cut_after_start(QByteArray jpeg)
 {
     return jpeg.left(3);
 }
@@ -76,7 +76,7 @@ QByteArray with_short_exif_segment(QByteArray jpeg)
     return replaced(jpeg, exif_place(jpeg) - 8, QByteArray("\0\x60", 2));
 }
 
-QByteArray with_exif_segment_of_no_length(QByteArray jpeg)
+QByteArray with_empty_exif_segment(QByteArray jpeg)
 {
     return replaced(jpeg, exif_place(jpeg) - 8, QByteArray(2, '\0'));
 }
@@ -106,7 +106,7 @@ QByteArray with_many_entries(QByteArray jpeg)
     return replaced(jpeg, exif_place(jpeg) + 8, "\xff\xff");
 }
 
-QByteArray with_noise_behind(QByteArray jpeg)
+QByteArray with_noise_after_end(QByteArray jpeg)
 {
     return jpeg + QByteArray(1000, '\xa5');
 }
@@ -198,7 +198,7 @@ void test_bad_input::damaged_photo_is_fixed_or_left_unchanged_data()
     QTest::addColumn<bool>("has_time");
     QTest::addColumn<bool>("named");  // as failed; only if it has a time
     // clang-format off
-    QTest::newRow("cut after its start") << damage(cut_behind_start) << false << false;
+    QTest::newRow("cut after its start") << damage(cut_after_start) << false << false;
     QTest::newRow("cut in the Exif block") << damage(cut_in_exif) << false << false;
     QTest::newRow("cut in the header") << damage(cut_in_header) << true << true;
     QTest::newRow("cut in the picture") << damage(cut_in_picture) << true << false;
@@ -206,13 +206,13 @@ void test_bad_input::damaged_photo_is_fixed_or_left_unchanged_data()
     QTest::newRow("Exif segment too long") << damage(with_long_exif_segment) << false << false;
     QTest::newRow("Exif segment too short") << damage(with_short_exif_segment) << false << false;
     QTest::newRow("Exif segment of length zero")
-        << damage(with_exif_segment_of_no_length) << false << false;
+        << damage(with_empty_exif_segment) << false << false;
     QTest::newRow("segment of a table too long") << damage(with_long_table_segment) << true << true;
     QTest::newRow("first directory far away") << damage(with_far_first_directory) << false << false;
     QTest::newRow("Exif directory far away") << damage(with_far_exif_directory) << false << false;
     QTest::newRow("recording time far away") << damage(with_far_recording_time) << false << false;
     QTest::newRow("too many entries") << damage(with_many_entries) << false << false;
-    QTest::newRow("noise after the end") << damage(with_noise_behind) << true << false;
+    QTest::newRow("noise after the end") << damage(with_noise_after_end) << true << false;
     // clang-format on
 }
 

@@ -37,7 +37,7 @@ private slots:
     void current_sort_applies_to_new_rows();
     void rows_are_sorted_after_the_last_one();
     void user_input_waits_while_files_load();
-    void user_input_is_taken_before_the_first_file();
+    void user_input_is_handled_before_the_first_file();
 
 private:
     void click_header(int column);
@@ -274,7 +274,7 @@ void test_file_intake::user_input_waits_while_files_load()
     QTRY_COMPARE(mouse.moves, 1);
 }
 
-void test_file_intake::user_input_is_taken_before_the_first_file()
+void test_file_intake::user_input_is_handled_before_the_first_file()
 {
     mouse_watch mouse(*app.window);
     int moves = 0;

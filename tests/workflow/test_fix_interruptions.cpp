@@ -44,7 +44,7 @@ private slots:
     void init();
     void cleanup() { app.end(); }
 
-    void user_input_is_taken_between_two_rows();
+    void user_input_is_handled_between_two_rows();
     void cleared_list_ends_the_batch();
     void cleared_list_hides_the_progress();
     void cleared_list_before_the_first_row_leaves_nothing_to_do();
@@ -52,7 +52,7 @@ private slots:
     void undo_is_not_available_meanwhile();
     void dropped_photo_lengthens_the_batch();
     void new_shift_applies_to_the_remaining_rows();
-    void sorted_rows_are_taken_by_their_new_places();
+    void sorted_rows_are_fixed_in_their_new_order();
     void opened_photo_moves_the_remaining_rows();
     void escape_hides_the_progress_and_nothing_more();
     void commands_run_in_between_data();
@@ -105,7 +105,7 @@ void test_fix_interruptions::undo_with(const std::function<void()> &action)
     run_once_at(1, action, app.window->button_undo);
 }
 
-void test_fix_interruptions::user_input_is_taken_between_two_rows()
+void test_fix_interruptions::user_input_is_handled_between_two_rows()
 {
     MainWindow &window = *app.window;
     mouse_watch mouse(window);
@@ -202,7 +202,7 @@ void test_fix_interruptions::new_shift_applies_to_the_remaining_rows()
              QStringList({"2017:05:03 12:00:00", "2017:05:03 12:00:00", "2017:05:03 13:00:00"}));
 }
 
-void test_fix_interruptions::sorted_rows_are_taken_by_their_new_places()
+void test_fix_interruptions::sorted_rows_are_fixed_in_their_new_order()
 {
     fix_with(1, [this] { click_name_header(*app.window); });
     QCOMPARE(app.written_names(), QStringList({"a", "b", "a"}));

@@ -51,10 +51,10 @@ private:
 };
 
 /// Adds a file to the resources for its lifetime.
-class further_resource
+class extra_resource
 {
 public:
-    further_resource(const QString &path, const QByteArray &bytes)
+    extra_resource(const QString &path, const QByteArray &bytes)
     {
         make_file(folder.filePath("content"), bytes);
         make_file(folder.filePath("list.qrc"), "<RCC><qresource><file alias=\"" + path.toUtf8() +
@@ -66,10 +66,10 @@ public:
             qFatal("can't add the resource");
     }
 
-    ~further_resource() { QResource::unregisterResource(folder.filePath("tree")); }
+    ~extra_resource() { QResource::unregisterResource(folder.filePath("tree")); }
 
-    further_resource(const further_resource &) = delete;
-    further_resource &operator=(const further_resource &) = delete;
+    extra_resource(const extra_resource &) = delete;
+    extra_resource &operator=(const extra_resource &) = delete;
 
 private:
     QTemporaryDir folder;
@@ -179,7 +179,7 @@ void test_help_command::page_ends_at_a_zero_byte()
 {
     const locale_codec codec("ISO-8859-1");
     const QByteArray page = "<p>ä € 𝄞</p>\r\n<p>ü</p>\n";
-    const further_resource resource("help/index_zz.html", page + '\0' + "more");
+    const extra_resource resource("help/index_zz.html", page + '\0' + "more");
     QSettings().setValue("lang", "zz");
     const opened_urls browser;
     click(app.window->button_help);

@@ -48,7 +48,7 @@ private slots:
 
     void dialog_offers_the_supported_files();
     void chosen_files_become_rows();
-    void file_outside_of_the_filter_can_be_typed();
+    void file_outside_the_filter_can_be_typed();
     void folder_of_the_first_file_is_remembered();
     void folder_is_stored_before_the_files_are_read();
     void cancel_changes_nothing_data();
@@ -87,7 +87,7 @@ void test_load_dialog::chosen_files_become_rows()
     QCOMPARE(progress.values, QList<int>({0, 1, 2}));
 }
 
-void test_load_dialog::file_outside_of_the_filter_can_be_typed()
+void test_load_dialog::file_outside_the_filter_can_be_typed()
 {
     const QStringList paths = {app.make_photo("notes.txt", {})};
     const when_modal<QFileDialog> dialog([&](QFileDialog &box) { choose(box, paths); });

@@ -51,7 +51,7 @@ private slots:
     void list_cache_and_shift_stay();
     void progress_counts_the_photos();
     void button_starts_disabled();
-    void values_come_from_the_memory_and_not_from_the_table();
+    void values_come_from_the_undo_memory_not_from_the_table();
 
 private:
     QList<undo_entry> snapshot(const QStringList &tags);
@@ -306,7 +306,7 @@ void test_undo_batch::button_starts_disabled()
     QVERIFY(app.window->undo_map.isEmpty());
 }
 
-void test_undo_batch::values_come_from_the_memory_and_not_from_the_table()
+void test_undo_batch::values_come_from_the_undo_memory_not_from_the_table()
 {
     app.fix_dated_photo("a.jpg");
     app.load_dated_photo("a.jpg", "2020:01:01 00:00:00");
