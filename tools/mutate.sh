@@ -152,8 +152,8 @@ run_tests() (
     ctest --test-dir "$build" --parallel 2 --stop-on-failure "$@" >"$work/test_log" 2>&1
 )
 
-# Most mutants are caught by a quick test, so the slow ones come last. ctest keeps the
-# durations in a file.
+# Most mutants are caught by a quick test, so the slow ones come last. ctest keeps the durations in a
+# file.
 run_all_tests() {
     costs=$build/Testing/Temporary/CTestCostData.txt
     slow=$([ ! -f "$costs" ] || awk '$3 > 2 { print $1 }' "$costs" | paste -sd '|')

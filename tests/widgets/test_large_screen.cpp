@@ -2,8 +2,8 @@
 
 #include "orv/message_box.h"
 #include "orv/wrapped_label.h"
-#include "widget_test_main.h"
 #include "when_modal.h"
+#include "widget_test_main.h"
 
 #include <QScreen>
 
