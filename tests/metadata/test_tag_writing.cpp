@@ -51,6 +51,7 @@ class test_tag_writing : public QObject
     Q_OBJECT
 
 private slots:
+    void initTestCase();
     void init();
     void request_lists_the_tags_in_their_order_data();
     void request_lists_the_tags_in_their_order();
@@ -72,6 +73,13 @@ private slots:
 private:
     scripted_tool tool;
 };
+
+/// The signature is made of these names.
+void test_tag_writing::initTestCase()
+{
+    QCoreApplication::setOrganizationName("Vorrin");
+    QCoreApplication::setApplicationName("Kelvra");
+}
 
 void test_tag_writing::init()
 {

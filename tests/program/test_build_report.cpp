@@ -73,8 +73,8 @@ void test_build_report::versions_are_those_of_the_source_tree_data()
 {
     QTest::addColumn<QStringList>("paths");
     QTest::newRow("orv_infrastructure")
-        << QStringList({"cmake", "packaging", "resources", "CMakeLists.txt", "CMakePresets.json",
-                        "bench.sh", "lint.sh", "run.sh", "test.sh"});
+        << QStringList({"cmake", "packaging", "resources", "tools", "CMakeLists.txt",
+                        "CMakePresets.json", "bench.sh", "lint.sh", "run.sh", "test.sh"});
     QTest::newRow("orv_toolkit") << QStringList("orv_toolkit");
     QTest::newRow("qor") << QStringList("qor");
 }
