@@ -72,12 +72,16 @@ sub dropped_statement {
     return [length $indent, length($line) - length($indent) - 1, ';'];
 }
 
-# All changes of a source: [line index, offset, length, replacement] each.
+# All changes of a source: [line index, offset, length, replacement] each. Code that is compiled for
+# other systems only stays as it is.
 sub changes_of {
     my @lines = @_;
     my @changes;
     my $code_before = '';
+    my $is_foreign = 0;
     for my $index (0 .. $#lines) {
+        $is_foreign = $1 eq 'ifdef _WIN32' if $lines[$index] =~ /^#(ifdef \w+|if\b|else|endif)/;
+        next if $is_foreign;
         push @changes, map { [$index, @$_] } changes_of_line($lines[$index]),
             dropped_statement($code_before, $lines[$index]);
         my $code = $lines[$index] =~ s{\s*(?://.*)?$}{}r;
