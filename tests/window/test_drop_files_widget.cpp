@@ -1,56 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "core/folder_files.h"
 #include "drop_files_widget.h"
 #include "program_test_main.h"
+#include "sample_folder.h"
 
-#include <QDir>
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QFile>
 #include <QMimeData>
 #include <QUrl>
 
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <algorithm>
+#include <memory>
 
 namespace
 {
-
-QStringList sorted(QStringList texts)
-{
-    std::sort(texts.begin(), texts.end());
-    return texts;
-}
-
-void make_file(const QString &path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        qFatal("can't write %s", qPrintable(path));
-}
-
-/// While it exists, a superuser's process has only an ordinary user's right to read.
-class ordinary_user
-{
-public:
-    ordinary_user() { change_to(nobody); }
-    ~ordinary_user() { change_to(superuser); }
-
-private:
-    static constexpr uid_t superuser = 0;
-    static constexpr uid_t nobody = 65534;
-
-    // The real id decides what a user may read (access(2)).
-    static void change_to(uid_t real_id)
-    {
-        constexpr uid_t unchanged = static_cast<uid_t>(-1);
-        if (geteuid() == superuser && setreuid(real_id, unchanged) != 0)
-            qFatal("can't change the user");
-    }
-};
 
 QUrl local(const QString &path)
 {
@@ -79,45 +42,18 @@ private slots:
     void drop_is_accepted_with_the_proposed_action();
     void widget_has_the_given_parent();
 
-    void folder_gives_its_plain_files_data();
-    void folder_gives_its_plain_files();
-    void folder_leaves_out_files_that_the_user_may_not_read();
-    void missing_folder_gives_nothing();
-    void folder_paths_are_absolute();
-
 private:
-    QString in_folder(const QString &name) const { return folder->filePath(name); }
-    QStringList in_folder(const QStringList &names) const;
     void deliver(QEvent &event) { static_cast<QObject &>(*widget).event(&event); }
     QStringList dropped(const QList<QUrl> &urls);
 
-    std::unique_ptr<QTemporaryDir> folder;
+    std::unique_ptr<sample_folder> folder;
     std::unique_ptr<drop_files_widget> widget;
 };
 
-/// Makes a folder with everything that a folder can hold.
 void test_drop_files_widget::init()
 {
-    folder = std::make_unique<QTemporaryDir>();
-    QVERIFY(folder->isValid());
-    QDir(folder->path()).mkpath("album/older/oldest");
-    QDir(folder->path()).mkdir("empty");
-    for (const char *name : {"single.jpg", "album/a.jpg", "album/b.txt", "album/.hidden.jpg",
-                             "album/older/c.jpg", "album/older/oldest/d.jpg"})
-        make_file(in_folder(name));
-    QVERIFY(QFile::link(in_folder("single.jpg"), in_folder("album/link.jpg")));
-    QVERIFY(QFile::link(in_folder("vanished.jpg"), in_folder("album/broken.jpg")));
-    QVERIFY(QFile::link(in_folder("album"), in_folder("album_link")));
-    QCOMPARE(mkfifo(QFile::encodeName(in_folder("album/pipe.jpg")), S_IRUSR | S_IWUSR), 0);
+    folder = std::make_unique<sample_folder>();
     widget = std::make_unique<drop_files_widget>(nullptr);
-}
-
-QStringList test_drop_files_widget::in_folder(const QStringList &names) const
-{
-    QStringList paths;
-    for (const QString &name : names)
-        paths << in_folder(name);
-    return paths;
 }
 
 /// The files that are sent when these URLs are dropped.
@@ -159,7 +95,7 @@ void test_drop_files_widget::drag_is_accepted_only_for_its_uri_list()
 void test_drop_files_widget::accepted_drag_keeps_the_proposed_action()
 {
     QMimeData data;
-    data.setUrls({local(in_folder("vanished.jpg"))});
+    data.setUrls({local(folder->path_of("vanished.jpg"))});
     QDragEnterEvent event(QPoint(1, 1), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton,
                           Qt::ShiftModifier);
     event.setDropAction(Qt::CopyAction);
@@ -196,14 +132,14 @@ void test_drop_files_widget::drop_sends_its_files()
     QFETCH(QStringList, expected);
     QList<QUrl> urls;
     for (const QString &name : names)
-        urls << local(in_folder(name));
-    QCOMPARE(sorted(dropped(urls)), sorted(in_folder(expected)));
+        urls << local(folder->path_of(name));
+    QCOMPARE(sorted(dropped(urls)), sorted(folder->paths_of(expected)));
 }
 
 void test_drop_files_widget::files_come_in_the_order_of_the_drop()
 {
-    const QStringList names = in_folder(
-        QStringList{"album/b.txt", "single.jpg", "album/a.jpg", "album/older/oldest/d.jpg"});
+    const QStringList names =
+        folder->paths_of({"album/b.txt", "single.jpg", "album/a.jpg", "album/older/oldest/d.jpg"});
     QList<QUrl> urls;
     for (const QString &name : names)
         urls << local(name);
@@ -212,8 +148,8 @@ void test_drop_files_widget::files_come_in_the_order_of_the_drop()
 
 void test_drop_files_widget::folder_keeps_its_place_in_the_drop()
 {
-    const QString path = in_folder("album/older");
-    const QStringList expected = in_folder(QStringList{
+    const QString path = folder->path_of("album/older");
+    const QStringList expected = folder->paths_of({
         "single.jpg",
         "album/older/c.jpg",
         "album/a.jpg",
@@ -248,7 +184,8 @@ void test_drop_files_widget::drop_is_accepted_with_the_proposed_action()
     QFETCH(QString, format);
     QSignalSpy spy(widget.get(), &drop_files_widget::files_dropped);
     QMimeData data;
-    data.setData(format, QByteArray("file://") + QFile::encodeName(in_folder("vanished.jpg")));
+    data.setData(format,
+                 QByteArray("file://") + QFile::encodeName(folder->path_of("vanished.jpg")));
     QDropEvent event(QPointF(1, 1), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     event.ignore();
     deliver(event);
@@ -264,53 +201,6 @@ void test_drop_files_widget::widget_has_the_given_parent()
     const auto *child = new drop_files_widget(&parent);
     QCOMPARE(child->parentWidget(), &parent);
     QVERIFY(!widget->parentWidget());
-}
-
-void test_drop_files_widget::folder_gives_its_plain_files_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QStringList>("expected");
-    QTest::newRow("one level, without hidden and system files")
-        << "album" << QStringList{"album/a.jpg", "album/b.txt", "album/link.jpg"};
-    QTest::newRow("trailing slash")
-        << "album/" << QStringList{"album/a.jpg", "album/b.txt", "album/link.jpg"};
-    QTest::newRow("link keeps its name")
-        << "album_link"
-        << QStringList{"album_link/a.jpg", "album_link/b.txt", "album_link/link.jpg"};
-    QTest::newRow("empty") << "empty" << QStringList{};
-}
-
-void test_drop_files_widget::folder_gives_its_plain_files()
-{
-    QFETCH(QString, name);
-    QFETCH(QStringList, expected);
-    QCOMPARE(sorted(folder_files(in_folder(name))), sorted(in_folder(expected)));
-}
-
-void test_drop_files_widget::folder_leaves_out_files_that_the_user_may_not_read()
-{
-    const QString home = QFileInfo(QDir::tempPath()).path();
-    for (const QString &path : {home, QDir::tempPath(), folder->path(), in_folder("album")})
-        QCOMPARE(chmod(QFile::encodeName(path), 0755), 0);
-    QVERIFY(QFile::setPermissions(in_folder("album/b.txt"), QFile::Permissions()));
-    const ordinary_user user;
-    QCOMPARE(sorted(folder_files(in_folder("album"))),
-             in_folder(QStringList{"album/a.jpg", "album/link.jpg"}));
-}
-
-void test_drop_files_widget::missing_folder_gives_nothing()
-{
-    QCOMPARE(folder_files(in_folder("nowhere")), QStringList());
-    QCOMPARE(folder_files(in_folder("single.jpg")), QStringList());
-}
-
-void test_drop_files_widget::folder_paths_are_absolute()
-{
-    const QString before = QDir::currentPath();
-    QVERIFY(QDir::setCurrent(in_folder("album")));
-    const QStringList files = folder_files("older");
-    QVERIFY(QDir::setCurrent(before));
-    QCOMPARE(files, in_folder(QStringList{"album/older/c.jpg"}));
 }
 
 KELVRA_PROGRAM_TEST_MAIN(test_drop_files_widget)
