@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "failed_assertion.h"
 #include "isolated_program.h"
 #include "layout_screen.h"
 #include "widget_test_main.h"
@@ -18,8 +19,6 @@ namespace
 
 constexpr int greatest = std::numeric_limits<int>::max();
 constexpr int least = std::numeric_limits<int>::min();
-
-constexpr int failed_status = 255;  // -1, as an eight-bit exit status
 
 program_result misuse(const QString &way)
 {
@@ -212,15 +211,8 @@ void test_layout_answers::last_line_of_an_empty_layout_ends_the_program_data()
 void test_layout_answers::last_line_of_an_empty_layout_ends_the_program()
 {
     QFETCH(QString, way);
-    const program_result result = misuse(way);
-    QCOMPARE(result.status, failed_status);
-    QVERIFY2(result.errors.startsWith("assert \"!lines.empty() && last >= 0\" failed at "),
-             result.errors);
-    QVERIFY2(result.errors.contains("layout.cpp:"), result.errors);
-    QVERIFY2(result.errors.endsWith(" in int& qor::qt::line_at(std::vector<int>&, int, int)\n"
-                                    "Stacktrace is empty\n\n\n"),
-             result.errors);
-    QCOMPARE(result.output, QByteArray());
+    check_failed_assertion(misuse(way), "!lines.empty() && last >= 0", "layout.cpp",
+                           "int& qor::qt::line_at(std::vector<int>&, int, int)");
 }
 
 void test_layout_answers::deleting_the_layout_keeps_all_widgets()

@@ -314,13 +314,12 @@ void test_exiftool_faults::pipe_is_missing_or_waited_for_data()
     QTest::addColumn<QByteArray>("result_if_missing");
     QTest::addColumn<QByteArray>("result_if_opened");
     const QByteArray failed = "result: false\n";
-    QTest::newRow("read") << "read"
-                          << "pipe.jpg" << QByteArray("tags: 0\n")
-                          << QByteArray("tag: ExifTool:Error=File is empty\n");
-    QTest::newRow("write") << "write"
-                           << "pipe.jpg" << failed << failed;
-    QTest::newRow("write to its folder") << "write"
-                                         << "" << failed << failed;
+    // clang-format off
+    QTest::newRow("read") << "read" << "pipe.jpg" << QByteArray("tags: 0\n")
+        << QByteArray("tag: ExifTool:Error=File is empty\n");
+    QTest::newRow("write") << "write" << "pipe.jpg" << failed << failed;
+    QTest::newRow("write to its folder") << "write" << "" << failed << failed;
+    // clang-format on
 }
 
 /// An older tool reports the pipe as missing. A newer one waits until the other end is opened, and

@@ -16,7 +16,6 @@ namespace
 {
 
 constexpr int limit_ms = 60000;
-constexpr int failed_status = 255;  // -1, as an eight-bit exit status
 constexpr char quit_request[] = "-stay_open\nFalse\n";
 constexpr char waiting_line[] = "Warning: Exiftool didn't supply any data in the last 1000 msec.\n";
 constexpr char empty_trace[] = "Stacktrace is empty\n\n";
@@ -212,16 +211,13 @@ void test_disturbed_program::signal_in_a_request_makes_the_tool_quit_after_it_da
     QTest::addColumn<QString>("request");
     QTest::addColumn<int>("number");
     QTest::addColumn<QByteArray>("name");
-    QTest::newRow("load") << "load"
-                          << "2" << SIGTERM << QByteArray("SIGTERM");
-    QTest::newRow("fix, SIGTERM") << "fix"
-                                  << "5" << SIGTERM << QByteArray("SIGTERM");
-    QTest::newRow("fix, SIGINT") << "fix"
-                                 << "5" << SIGINT << QByteArray("SIGINT");
-    QTest::newRow("fix, SIGSEGV") << "fix"
-                                  << "5" << SIGSEGV << QByteArray("SIGSEGV");
-    QTest::newRow("undo") << "undo"
-                          << "8" << SIGTERM << QByteArray("SIGTERM");
+    // clang-format off
+    QTest::newRow("load")         << "load" << "2" << SIGTERM << QByteArray("SIGTERM");
+    QTest::newRow("fix, SIGTERM") << "fix"  << "5" << SIGTERM << QByteArray("SIGTERM");
+    QTest::newRow("fix, SIGINT")  << "fix"  << "5" << SIGINT  << QByteArray("SIGINT");
+    QTest::newRow("fix, SIGSEGV") << "fix"  << "5" << SIGSEGV << QByteArray("SIGSEGV");
+    QTest::newRow("undo")         << "undo" << "8" << SIGTERM << QByteArray("SIGTERM");
+    // clang-format on
 }
 
 void test_disturbed_program::signal_in_a_request_makes_the_tool_quit_after_it()

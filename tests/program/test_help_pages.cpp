@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "file_bytes.h"
 #include "program_test_main.h"
 
 #include <QDir>
@@ -19,14 +20,6 @@ namespace
 constexpr int left_margin_px = 20;
 const QString text_colour = "#b8c4bf";
 const QString link_colour = "#728a84";
-
-QByteArray bytes_of(const QString &path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("can't read %s", qPrintable(path));
-    return file.readAll();
-}
 
 /// Resolves HTML's entities for umlauts.
 class umlauts : public QXmlStreamEntityResolver
@@ -295,16 +288,17 @@ void test_help_pages::paragraph_ends_with_its_link_data()
     QTest::addColumn<int>("number");
     QTest::addColumn<QString>("sentence");
     QTest::addColumn<QString>("link_text");
+    // clang-format off
     QTest::newRow("en video") << 0
-                              << "For a first look watch the video tutorial Introduction to Kelvra."
-                              << "Introduction to Kelvra";
-    QTest::newRow("en manual") << 1 << "A downloadable manual (PDF) is available here."
-                               << "here";
-    QTest::newRow("de video")
-        << 0 << "Für den Einstieg gibt es ein Video-Tutorial: Einführung in Kelvra."
+        << "For a first look watch the video tutorial Introduction to Kelvra."
+        << "Introduction to Kelvra";
+    QTest::newRow("en manual") << 1 << "A downloadable manual (PDF) is available here." << "here";
+    QTest::newRow("de video") << 0
+        << "Für den Einstieg gibt es ein Video-Tutorial: Einführung in Kelvra."
         << "Einführung in Kelvra";
     QTest::newRow("de manual") << 1 << "Ein Handbuch (PDF) zum Herunterladen gibt es hier."
-                               << "hier";
+        << "hier";
+    // clang-format on
 }
 
 void test_help_pages::paragraph_ends_with_its_link()

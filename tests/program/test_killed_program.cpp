@@ -23,7 +23,6 @@ using tag_values = QMap<QString, QString>;
 
 constexpr int photo_count = 100;
 constexpr int limit_ms = 60000;
-constexpr int failed_status = 255;  // -1, as an eight-bit exit status
 constexpr char file_time[] = "2018:01:02 03:04:05+01:00";
 
 /// The dates of a photo, before and after a shift of an hour.

@@ -103,15 +103,15 @@ void test_packaging::documents_name_the_version_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("pattern");
+    // clang-format off
     QTest::newRow("program") << "src/startup/program_setup.cpp"
-                             << "setApplicationVersion\\(\"(.*)\"\\)";
+        << "setApplicationVersion\\(\"(.*)\"\\)";
     QTest::newRow("metainfo") << metainfo << "<release version=\"([^\"]*)\"";
     QTest::newRow("manual page") << "packaging/man/kelvra.1"
-                                 << "^\\.TH KELVRA 1 \\S+ \"Kelvra (.*?)\"";
-    QTest::newRow("changes of the package") << "packaging/debian/changelog"
-                                            << "^kelvra \\((.*)\\)";
-    QTest::newRow("changes") << "CHANGELOG.md"
-                             << "^## \\[?([0-9.]+)";
+        << "^\\.TH KELVRA 1 \\S+ \"Kelvra (.*?)\"";
+    QTest::newRow("changes of the package") << "packaging/debian/changelog" << "^kelvra \\((.*)\\)";
+    QTest::newRow("changes") << "CHANGELOG.md" << "^## \\[?([0-9.]+)";
+    // clang-format on
 }
 
 void test_packaging::documents_name_the_version()

@@ -17,8 +17,6 @@
 namespace
 {
 
-constexpr int failed_status = 255;  // -1, as an eight-bit exit status
-
 QStringList files_below(const QString &folder)
 {
     QStringList files;
@@ -186,14 +184,12 @@ void test_program::stored_language_wins_data()
     QTest::addColumn<QString>("stored");
     QTest::addColumn<QString>("locale");
     QTest::addColumn<bool>("german");
-    QTest::newRow("German on an English system") << "de"
-                                                 << "en_US.UTF-8" << true;
-    QTest::newRow("English on a German system") << "en"
-                                                << "de_DE.UTF-8" << false;
-    QTest::newRow("no catalogue on a German system") << "fr"
-                                                     << "de_DE.UTF-8" << false;
-    QTest::newRow("empty counts as missing") << ""
-                                             << "de_DE.UTF-8" << true;
+    // clang-format off
+    QTest::newRow("German on an English system")     << "de" << "en_US.UTF-8" << true;
+    QTest::newRow("English on a German system")      << "en" << "de_DE.UTF-8" << false;
+    QTest::newRow("no catalogue on a German system") << "fr" << "de_DE.UTF-8" << false;
+    QTest::newRow("empty counts as missing")         << ""   << "de_DE.UTF-8" << true;
+    // clang-format on
 }
 
 void test_program::stored_language_wins()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "MainWindow.h"
+#include "file_bytes.h"
 #include "program_test_main.h"
 
 #include <QFontDatabase>
@@ -43,12 +44,6 @@ private slots:
 
 namespace
 {
-
-QByteArray bytes_of(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 /// The picture paths that `path` can mean: some of the program's style sheets leave a part open.
 QStringList completed(const QString &path)

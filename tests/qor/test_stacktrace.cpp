@@ -18,8 +18,6 @@ using qor::trace_scope;
 namespace
 {
 
-constexpr int failed_status = 255;  // -1, as an eight-bit exit status
-
 program_result die(const QStringList &way)
 {
     return isolated_program(CRASH_PROBE_PROGRAM).run(way);

@@ -7,6 +7,9 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
+/// The exit status of a program that ended with -1: the system keeps eight bits of it (exit(3)).
+constexpr int failed_status = 255;
+
 /// The outcome of a program's run.
 struct program_result {
     int status = -1;  ///< exit status; -1 if it was killed or died from a signal

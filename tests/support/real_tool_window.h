@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include "file_bytes.h"
 #include "private_home.h"
 #include "sample_photos.h"
 #include "window_actions.h"
@@ -73,12 +74,4 @@ inline ino_t inode_of(const QString &path)
     if (stat(QFile::encodeName(path), &status) != 0)
         qFatal("no file at %s", qPrintable(path));
     return status.st_ino;
-}
-
-inline QByteArray bytes_of(const QString &path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("can't read %s", qPrintable(path));
-    return file.readAll();
 }

@@ -5,6 +5,7 @@
 #include "MainWindow.h"
 #include "drop.h"
 #include "drop_files_widget.h"
+#include "file_bytes.h"
 #include "main_window_form.h"
 #include "orv/button_dark.h"
 #include "orv/lineedit.h"
@@ -13,10 +14,11 @@
 
 #include <QApplication>
 #include <QCursor>
-#include <QFile>
+#include <QHeaderView>
 #include <QMessageBox>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QTableView>
 #include <QTimer>
 #include <QWindow>
 #include <QtTest>
@@ -143,6 +145,15 @@ inline void click(QWidget *widget)
     QTest::mouseClick(widget, Qt::LeftButton);
 }
 
+/// Clicks into the middle of a column's header in the photo table.
+inline void click_header(const MainWindow &window, int column)
+{
+    const QHeaderView &header = *window.ui->tableView->horizontalHeader();
+    const QPoint place(header.sectionViewportPosition(column) + header.sectionSize(column) / 2,
+                       header.height() / 2);
+    QTest::mouseClick(header.viewport(), Qt::LeftButton, Qt::NoModifier, place);
+}
+
 /// Clicks as soon as the program processes events again.
 inline void click_soon(QWidget *widget)
 {
@@ -223,13 +234,6 @@ inline QStringList shown_column(const MainWindow &window, int column)
 inline QStringList shown_names(const MainWindow &window)
 {
     return shown_column(window, table_data_model::name_column);
-}
-
-inline void make_file(const QString &path, const QByteArray &bytes = QByteArray())
-{
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        qFatal("can't write %s", qPrintable(path));
 }
 
 /// A window on the screen with an empty list.

@@ -115,12 +115,11 @@ void test_button_dark::sheet_has_each_skin_and_alignment_data()
 {
     QTest::addColumn<QString>("skin");
     QTest::addColumn<QString>("align");
-    QTest::newRow("the defaults") << "dark"
-                                  << "center";
-    QTest::newRow("big buttons") << "header"
-                                 << "center";
-    QTest::newRow("another alignment") << "header"
-                                       << "left";
+    // clang-format off
+    QTest::newRow("the defaults")      << "dark"   << "center";
+    QTest::newRow("big buttons")       << "header" << "center";
+    QTest::newRow("another alignment") << "header" << "left";
+    // clang-format on
 }
 
 void test_button_dark::sheet_has_each_skin_and_alignment()

@@ -313,7 +313,7 @@ void test_button_icon::foreign_button_ends_the_program()
 {
     const program_result result = isolated_program(CRASH_PROBE_PROGRAM).run({"icon"});
     QVERIFY(!result.timed_out);
-    QCOMPARE(result.status, 255);
+    QCOMPARE(result.status, failed_status);
     QCOMPARE(result.output, QByteArray());
     QCOMPARE(result.errors,
              QByteArray("assert \"bd\" failed at ../orv_toolkit/orv/button_dark:211 in "

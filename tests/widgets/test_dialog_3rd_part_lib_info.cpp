@@ -270,13 +270,14 @@ void test_dialog_3rd_part_lib_info::entry_is_as_big_as_its_texts_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("note");
-    QTest::newRow("the name is wider") << "A name of quite some length"
-                                       << "short";
+    // clang-format off
+    QTest::newRow("the name is wider") << "A name of quite some length" << "short";
     QTest::newRow("the note is wider") << "Name"
-                                       << "A note of quite some length, wider than its name";
+        << "A note of quite some length, wider than its name";
     QTest::newRow("the widest line counts") << "Name"
-                                            << "short\nA line of quite some length\nshort";
+        << "short\nA line of quite some length\nshort";
     QTest::newRow("no note") << "Name" << QString();
+    // clang-format on
 }
 
 void test_dialog_3rd_part_lib_info::entry_is_as_big_as_its_texts()

@@ -260,12 +260,11 @@ void test_dialog_about::version_ends_with_a_space_data()
 {
     QTest::addColumn<QString>("version");
     QTest::addColumn<QString>("shown");
-    QTest::newRow("this one") << "2.0.2"
-                              << "2.0.2 - 64 Bit ";
-    QTest::newRow("another one") << "3.14"
-                                 << "3.14 - 64 Bit ";
-    QTest::newRow("placeholders stay") << "%1 %2"
-                                       << "%1 %2 - 64 Bit ";
+    // clang-format off
+    QTest::newRow("this one")          << "2.0.2" << "2.0.2 - 64 Bit ";
+    QTest::newRow("another one")       << "3.14"  << "3.14 - 64 Bit ";
+    QTest::newRow("placeholders stay") << "%1 %2" << "%1 %2 - 64 Bit ";
+    // clang-format on
 }
 
 void test_dialog_about::version_ends_with_a_space()

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "expected_sheets.h"
 #include "orv/checkbox.h"
 #include "orv/clickable_label.h"
 #include "orv/combobox.h"
@@ -32,13 +33,6 @@ constexpr char lineedit_sheet[] =
     "#000;}orv--lineedit:disabled{    border: 1px solid rgb(75,75,75);    background: "
     "rgb(47,47,47);    color: rgb(100,100,100);}QToolTip{border:1px solid "
     "rgb(99,99,99);background-image:none;background-color:rgb(47,47,47);}";
-constexpr char radio_sheet[] =
-    "QRadioButton{spacing:4px;}QRadioButton::indicator:enabled:unchecked{image:url(:/gui/radio/"
-    "unchecked.png);}QRadioButton::indicator:enabled:checked{image:url(:/gui/radio/"
-    "checked.png);}QRadioButton::indicator:!enabled:unchecked{image:url(:/gui/radio/"
-    "disabled_unchecked.png);}QRadioButton::indicator:!enabled:checked{image:url(:/gui/radio/"
-    "disabled_checked.png);}QToolTip{border:1px solid "
-    "rgb(99,99,99);background-image:none;background-color:rgb(47,47,47);}";
 constexpr char combobox_sheet[] =
     "QComboBox{padding-left:0.2em;margin-top:0px;margin-bottom:0px;outline:0px;selection-"
     "background-color:rgb(200,210,200);font-size:12px;background-color:rgb(36,36,36);border: 1px "
@@ -57,14 +51,6 @@ constexpr char combobox_sheet[] =
     "subcontrol-position: bottom; subcontrol-origin: "
     "margin;}QScrollBar::sub-line:vertical{background: black; height: 0px; subcontrol-position: "
     "top; subcontrol-origin: margin;}";
-constexpr char vertical_sheet[] =
-    "QScrollBar:vertical {    border: none;    background-color:rgb(47,47,47);    width:11px;      "
-    "  margin: 0px 0px 0px 0px;}QScrollBar::handle:vertical {    border: 1px solid black;    "
-    "border-radius: 5px;    background: rgb(0,0,0);    min-height: "
-    "20px;}QScrollBar::add-line:vertical {    background: black;    height: 0px;    "
-    "subcontrol-position: bottom;    subcontrol-origin: margin;}QScrollBar::sub-line:vertical {    "
-    "background: black;    height: 0px;    subcontrol-position: top;    subcontrol-origin: "
-    "margin;}";
 constexpr char horizontal_sheet[] =
     "QScrollBar:horizontal {    border: none;    background-color:rgb(47,47,47);    height:11px;   "
     "     margin: 0px 0px 0px 0px;}QScrollBar::handle:horizontal {    border: 1px solid black;    "
@@ -330,7 +316,7 @@ void test_styled_widgets::scroll_bars_get_sheet_and_style_data()
 {
     QTest::addColumn<bool>("vertical");
     QTest::addColumn<QString>("sheet");
-    QTest::newRow("vertical") << true << vertical_sheet;
+    QTest::newRow("vertical") << true << scroll_bar_sheet;
     QTest::newRow("horizontal") << false << horizontal_sheet;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "datetime_format.h"
+#include "expected_sheets.h"
 #include "grid_place.h"
 #include "orv/radio.h"
 #include "program_test_main.h"
@@ -20,13 +21,6 @@ constexpr char outer_sheet[] =
     "QToolTip{border:1px solid "
     "rgb(99,99,99);border-image:none;background-image:none;background-color:rgb(47,47,47);}";
 constexpr char inner_sheet[] = "border: none;\nbackground-color: rgb(47,47,47);";
-constexpr char radio_sheet[] =
-    "QRadioButton{spacing:4px;}QRadioButton::indicator:enabled:unchecked{image:url(:/gui/radio/"
-    "unchecked.png);}QRadioButton::indicator:enabled:checked{image:url(:/gui/radio/"
-    "checked.png);}QRadioButton::indicator:!enabled:unchecked{image:url(:/gui/radio/"
-    "disabled_unchecked.png);}QRadioButton::indicator:!enabled:checked{image:url(:/gui/radio/"
-    "disabled_checked.png);}QToolTip{border:1px solid "
-    "rgb(99,99,99);background-image:none;background-color:rgb(47,47,47);}";
 
 const QStringList date_buttons = {"rb_ddmmyyyy_slash", "rb_ddmmyyyy_dot", "rb_ddmmyyyy_dash",
                                   "rb_yyyymmdd_slash", "rb_yyyymmdd_dot", "rb_yyyymmdd_dash",
@@ -313,10 +307,10 @@ void test_datetime_format::single_stored_key_leaves_the_other_default_data()
 {
     QTest::addColumn<QString>("value");
     QTest::addColumn<QString>("joined");
-    QTest::newRow("date_format") << "yyyy/MM/dd"
-                                 << "yyyy/MM/dd - HH:mm:ss";
-    QTest::newRow("time_format") << "HH:mm"
-                                 << "dd.MM.yyyy - HH:mm";
+    // clang-format off
+    QTest::newRow("date_format") << "yyyy/MM/dd" << "yyyy/MM/dd - HH:mm:ss";
+    QTest::newRow("time_format") << "HH:mm"      << "dd.MM.yyyy - HH:mm";
+    // clang-format on
 }
 
 void test_datetime_format::single_stored_key_leaves_the_other_default()

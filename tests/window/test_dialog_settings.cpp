@@ -288,19 +288,15 @@ void test_dialog_settings::shows_the_current_language_data()
 {
     QTest::addColumn<QString>("stored");
     QTest::addColumn<QString>("shown");
-    QTest::newRow("German") << "de"
-                            << "Deutsch";
-    QTest::newRow("English") << "en"
-                             << "English";
-    QTest::newRow("none, on a German system") << QString() << "Deutsch";
-    QTest::newRow("empty, on a German system") << ""
-                                               << "Deutsch";
-    QTest::newRow("without a catalogue") << "fr"
-                                         << "English";
-    QTest::newRow("not exactly German") << "de_DE"
-                                        << "English";
-    QTest::newRow("German in capitals") << "DE"
-                                        << "English";
+    // clang-format off
+    QTest::newRow("German")                    << "de"      << "Deutsch";
+    QTest::newRow("English")                   << "en"      << "English";
+    QTest::newRow("none, on a German system")  << QString() << "Deutsch";
+    QTest::newRow("empty, on a German system") << ""        << "Deutsch";
+    QTest::newRow("without a catalogue")       << "fr"      << "English";
+    QTest::newRow("not exactly German")        << "de_DE"   << "English";
+    QTest::newRow("German in capitals")        << "DE"      << "English";
+    // clang-format on
 }
 
 void test_dialog_settings::shows_the_current_language()

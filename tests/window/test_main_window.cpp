@@ -1,17 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "MainWindow.h"
-#include "drop.h"
-#include "drop_files_widget.h"
 #include "exif_cache.h"
-#include "main_window_form.h"
-#include "orv/button_dark.h"
-#include "orv/lineedit.h"
 #include "orv/radio.h"
 #include "program_test_main.h"
 #include "scripted_tool.h"
-#include "table_data_model.h"
 #include "when_modal.h"
+#include "window_actions.h"
 
 #include <QFileDialog>
 #include <QHeaderView>
@@ -68,8 +62,6 @@ private:
     }
 
     void show();
-    void click(QWidget *widget) { QTest::mouseClick(widget, Qt::LeftButton); }
-    void type(const QString &field, const QString &text);
     void drop(const QStringList &names);
     void fix_one_photo();
     QString cell(int row, int column);
@@ -99,28 +91,22 @@ void test_main_window::show()
     QVERIFY(QTest::qWaitForWindowActive(window));
 }
 
-void test_main_window::type(const QString &field, const QString &text)
-{
-    QTest::keyClicks(find<orv::lineedit>("lineedit_" + field), text);
-}
-
 /// Makes the files, each a photo taken at noon on 3 May 2017, and drops them.
 void test_main_window::drop(const QStringList &names)
 {
     QStringList paths;
     for (const QString &name : names) {
         tool.set_tags(name, one_photo);
-        QFile file(photos.filePath(name));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        paths << file.fileName();
+        make_file(photos.filePath(name));
+        paths << photos.filePath(name);
     }
-    QVERIFY(drop_on(*window->ui->widget_dropper, paths));
+    drop_photos(*window, paths);
 }
 
 void test_main_window::fix_one_photo()
 {
     drop({"beach.jpg"});
-    type("timezone", "2");
+    type_shift(*window, "timezone", "2");
     click(window->button_fix_time);
 }
 
@@ -140,7 +126,7 @@ void test_main_window::constructor_shows_nothing()
 void test_main_window::keyboard_starts_in_the_year_field()
 {
     show();
-    QCOMPARE(QApplication::focusWidget(), find<orv::lineedit>("lineedit_year"));
+    QCOMPARE(QApplication::focusWidget(), shift_field(*window, "year"));
     QTest::keyClicks(QApplication::focusWidget(), "3");
     QCOMPARE(window->model->year, 3);
 }
@@ -161,14 +147,14 @@ void test_main_window::window_stays_larger_than_its_minimum()
 void test_main_window::tab_goes_from_the_shift_to_the_formats()
 {
     show();
-    QWidget *zone_field = find<orv::lineedit>("lineedit_timezone");
+    QWidget *zone_field = shift_field(*window, "timezone");
     zone_field->setFocus();
     QTest::keyClick(zone_field, Qt::Key_Tab);
     QCOMPARE(QApplication::focusWidget(), find<orv::radio>("rb_ddmmyyyy_slash"));
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     QCOMPARE(QApplication::focusWidget(), find<orv::radio>("rb_hhmmss"));
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-    QCOMPARE(QApplication::focusWidget(), find<orv::lineedit>("lineedit_year"));
+    QCOMPARE(QApplication::focusWidget(), shift_field(*window, "year"));
 }
 
 void test_main_window::table_starts_with_the_stored_format()
@@ -183,7 +169,7 @@ void test_main_window::table_starts_with_the_stored_format()
 void test_main_window::nothing_is_stored_by_opening_and_closing()
 {
     show();
-    type("year", "1");
+    type_shift(*window, "year", "1");
     window->close();
     delete window;
     window = nullptr;
@@ -224,8 +210,8 @@ void test_main_window::typed_shift_reaches_the_table()
     drop({"beach.jpg"});
     const QStringList fields = {"year", "month", "day", "hour", "minute", "second"};
     for (int i = 0; i < fields.size(); ++i)
-        type(fields[i], QString::number(i + 1));
-    type("timezone", "-3.5");
+        type_shift(*window, fields[i], QString::number(i + 1));
+    type_shift(*window, "timezone", "-3.5");
     QCOMPARE(cell(0, 1), QString("03.05.2017 - 12:00:00"));
     QCOMPARE(cell(0, 2), QString("06.07.2018 - 16:05:06  UTC-03:30"));
     const table_data_model *model = window->model;
@@ -248,17 +234,13 @@ void test_main_window::load_button_opens_the_file_dialog()
 void test_main_window::third_header_restores_the_sorting()
 {
     show();
-    QHeaderView *header = window->ui->tableView->horizontalHeader();
-    const auto click_section = [header](int section) {
-        const QPoint place(header->sectionViewportPosition(section) + 20, header->height() / 2);
-        QTest::mouseClick(header->viewport(), Qt::LeftButton, Qt::NoModifier, place);
-    };
-    click_section(0);
+    const QHeaderView *header = window->ui->tableView->horizontalHeader();
+    click_header(*window, 0);
     QCOMPARE(header->sortIndicatorOrder(), Qt::DescendingOrder);
-    click_section(2);
+    click_header(*window, 2);
     QCOMPARE(header->sortIndicatorSection(), 0);
     QCOMPARE(header->sortIndicatorOrder(), Qt::DescendingOrder);
-    click_section(1);
+    click_header(*window, 1);
     QCOMPARE(header->sortIndicatorSection(), 1);
     QCOMPARE(header->sortIndicatorOrder(), Qt::AscendingOrder);
     QCOMPARE(window->model->sort_column, 1);
@@ -268,8 +250,8 @@ void test_main_window::clear_empties_table_shift_and_cache()
 {
     show();
     drop({"a.jpg", "b.jpg"});
-    type("year", "4");
-    type("timezone", "2");
+    type_shift(*window, "year", "4");
+    type_shift(*window, "timezone", "2");
     QVERIFY(!exif_cache::instance()->records.empty());
     click(window->button_reset);
     QCOMPARE(window->model->rowCount(), 0);
@@ -301,7 +283,7 @@ void test_main_window::fix_and_undo_buttons_run_their_batches()
     QCOMPARE(window->undo_map.keys(), QStringList(photos.filePath("beach.jpg")));
     QVERIFY(window->button_undo->isEnabled());
     QCOMPARE(window->model->rowCount(), 0);
-    QCOMPARE(find<orv::lineedit>("lineedit_timezone")->text(), QString());
+    QCOMPARE(shift_field(*window, "timezone")->text(), QString());
     const int requests_of_the_fix = tool.requests().size();
     click(window->button_undo);
     QVERIFY(tool.requests().size() > requests_of_the_fix);

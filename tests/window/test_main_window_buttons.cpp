@@ -119,29 +119,24 @@ void test_main_window_buttons::button_has_size_skin_tooltip_and_icon_data()
     QTest::addColumn<QString>("skin");
     QTest::addColumn<QString>("icon");
     const QSize small_size(23, 22);
+    // clang-format off
     QTest::newRow("settings") << &MainWindow::button_settings << "Change application settings"
-                              << small_size << "dark"
-                              << ":/images/icon_settings.png";
+        << small_size << "dark" << ":/images/icon_settings.png";
     QTest::newRow("about") << &MainWindow::button_about << "Show information about the application"
-                           << small_size << "dark"
-                           << ":/images/icon_about.png";
+        << small_size << "dark" << ":/images/icon_about.png";
     QTest::newRow("help") << &MainWindow::button_help
-                          << "Show documentation, shortcuts and usage information" << small_size
-                          << "dark"
-                          << ":/images/icon_help.png";
+        << "Show documentation, shortcuts and usage information" << small_size << "dark"
+        << ":/images/icon_help.png";
     QTest::newRow("fix") << &MainWindow::button_fix_time
-                         << "Apply changes to the timestamps of the images" << QSize(120, 46)
-                         << "header"
-                         << ":/images/icon_fix_time.png";
+        << "Apply changes to the timestamps of the images" << QSize(120, 46) << "header"
+        << ":/images/icon_fix_time.png";
     QTest::newRow("undo") << &MainWindow::button_undo << "Undo the last set of timestamp changes"
-                          << QSize(46, 46) << "header"
-                          << ":/images/icon_undo.png";
+        << QSize(46, 46) << "header" << ":/images/icon_undo.png";
     QTest::newRow("load") << &MainWindow::button_load_images << "Load images" << small_size
-                          << "dark"
-                          << ":/images/icon_open.png";
+        << "dark" << ":/images/icon_open.png";
     QTest::newRow("clear") << &MainWindow::button_reset << "Clear list of loaded images"
-                           << small_size << "dark"
-                           << ":/images/icon_undo_small.png";
+        << small_size << "dark" << ":/images/icon_undo_small.png";
+    // clang-format on
 }
 
 void test_main_window_buttons::button_has_size_skin_tooltip_and_icon()
@@ -264,14 +259,12 @@ void test_main_window_buttons::drop_area_shows_the_picture_of_its_language_data(
 {
     QTest::addColumn<QString>("stored");
     QTest::addColumn<QString>("language");
-    QTest::newRow("English") << "en"
-                             << "en";
-    QTest::newRow("German") << "de"
-                            << "de";
-    QTest::newRow("nothing stored: the system's") << ""
-                                                  << "en";
-    QTest::newRow("a bad language has no picture") << "xx"
-                                                   << "xx";
+    // clang-format off
+    QTest::newRow("English")                       << "en" << "en";
+    QTest::newRow("German")                        << "de" << "de";
+    QTest::newRow("nothing stored: the system's")  << ""   << "en";
+    QTest::newRow("a bad language has no picture") << "xx" << "xx";
+    // clang-format on
 }
 
 void test_main_window_buttons::drop_area_shows_the_picture_of_its_language()

@@ -3,6 +3,7 @@
 #include "MainWindow.h"
 #include "datetime_format.h"
 #include "drop_files_widget.h"
+#include "expected_sheets.h"
 #include "main_window_form.h"
 #include "orv/progress_dialog.h"
 #include "program_test_main.h"
@@ -29,14 +30,6 @@ constexpr char table_sheet[] =
 constexpr char table_header_sheet[] =
     "QHeaderView::section {border-width: 3;border-style: "
     "solid;border-image:url(:/gui/panel/border.png) 3 stretch;padding-left: 1em;}";
-constexpr char scroll_bar_sheet[] =
-    "QScrollBar:vertical {    border: none;    background-color:rgb(47,47,47);    width:11px;      "
-    "  margin: 0px 0px 0px 0px;}QScrollBar::handle:vertical {    border: 1px solid black;    "
-    "border-radius: 5px;    background: rgb(0,0,0);    min-height: "
-    "20px;}QScrollBar::add-line:vertical {    background: black;    height: 0px;    "
-    "subcontrol-position: bottom;    subcontrol-origin: margin;}QScrollBar::sub-line:vertical {    "
-    "background: black;    height: 0px;    subcontrol-position: top;    subcontrol-origin: "
-    "margin;}";
 
 void check_layout(const QLayout *layout, int spacing, const QMargins &margins)
 {

@@ -178,20 +178,15 @@ void test_time_adjustment::column_has_label_and_field_data()
     QTest::addColumn<int>("column");
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("placeholder");
-    QTest::newRow("year") << 0 << "Year"
-                          << "0";
-    QTest::newRow("month") << 1 << "Month"
-                           << "0";
-    QTest::newRow("day") << 2 << "Day"
-                         << "0";
-    QTest::newRow("hour") << 3 << "Hour"
-                          << "0";
-    QTest::newRow("minute") << 4 << "Minute"
-                            << "0";
-    QTest::newRow("second") << 5 << "Second"
-                            << "0";
-    QTest::newRow("zone") << 6 << "Timezone (h)"
-                          << "";
+    // clang-format off
+    QTest::newRow("year")   << 0 << "Year"         << "0";
+    QTest::newRow("month")  << 1 << "Month"        << "0";
+    QTest::newRow("day")    << 2 << "Day"          << "0";
+    QTest::newRow("hour")   << 3 << "Hour"         << "0";
+    QTest::newRow("minute") << 4 << "Minute"       << "0";
+    QTest::newRow("second") << 5 << "Second"       << "0";
+    QTest::newRow("zone")   << 6 << "Timezone (h)" << "";
+    // clang-format on
 }
 
 void test_time_adjustment::column_has_label_and_field()

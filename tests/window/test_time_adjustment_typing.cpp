@@ -157,34 +157,24 @@ void test_time_adjustment_typing::number_field_reads_the_text_that_it_accepts_da
     QTest::addColumn<QString>("typed");
     QTest::addColumn<QString>("text");
     QTest::addColumn<int>("value");
-    QTest::newRow("both signs: plus") << "+3"
-                                      << "+3" << 3;
-    QTest::newRow("both signs: minus") << "-3"
-                                       << "-3" << -3;
-    QTest::newRow("a lone minus") << "-"
-                                  << "-" << 0;
-    QTest::newRow("a lone plus") << "+"
-                                 << "+" << 0;
-    QTest::newRow("base ten despite a leading zero") << "010"
-                                                     << "010" << 10;
-    QTest::newRow("letters are refused") << "1a2x"
-                                         << "12" << 12;
-    QTest::newRow("no exponent") << "1e3"
-                                 << "13" << 13;
-    QTest::newRow("no decimals") << "1.5"
-                                 << "15" << 15;
-    QTest::newRow("no space") << "1 2"
-                              << "12" << 12;
-    QTest::newRow("no sign after a digit") << "1-2"
-                                           << "12" << 12;
-    QTest::newRow("more than a calendar has") << "25"
-                                              << "25" << 25;
-    QTest::newRow("greatest number") << "2147483647"
-                                     << "2147483647" << 2147483647;
-    QTest::newRow("smallest number") << "-2147483648"
-                                     << "-2147483648" << std::numeric_limits<int>::min();
-    QTest::newRow("digit beyond the greatest number is refused") << "21474836470"
-                                                                 << "2147483647" << 2147483647;
+    // clang-format off
+    QTest::newRow("both signs: plus") << "+3" << "+3" << 3;
+    QTest::newRow("both signs: minus") << "-3" << "-3" << -3;
+    QTest::newRow("a lone minus") << "-" << "-" << 0;
+    QTest::newRow("a lone plus") << "+" << "+" << 0;
+    QTest::newRow("base ten despite a leading zero") << "010" << "010" << 10;
+    QTest::newRow("letters are refused") << "1a2x" << "12" << 12;
+    QTest::newRow("no exponent") << "1e3" << "13" << 13;
+    QTest::newRow("no decimals") << "1.5" << "15" << 15;
+    QTest::newRow("no space") << "1 2" << "12" << 12;
+    QTest::newRow("no sign after a digit") << "1-2" << "12" << 12;
+    QTest::newRow("more than a calendar has") << "25" << "25" << 25;
+    QTest::newRow("greatest number") << "2147483647" << "2147483647" << 2147483647;
+    QTest::newRow("smallest number") << "-2147483648" << "-2147483648"
+        << std::numeric_limits<int>::min();
+    QTest::newRow("digit beyond the greatest number is refused") << "21474836470" << "2147483647"
+        << 2147483647;
+    // clang-format on
 }
 
 void test_time_adjustment_typing::number_field_reads_the_text_that_it_accepts()
@@ -295,26 +285,18 @@ void test_time_adjustment_typing::zone_field_accepts_text_that_can_be_completed_
     QTest::addColumn<QString>("typed");
     QTest::addColumn<QString>("text");
     QTest::addColumn<double>("hours");
-    QTest::newRow("two decimals") << "5.75"
-                                  << "5.75" << 5.75;
-    QTest::newRow("a third decimal is refused") << "5.755"
-                                                << "5.75" << 5.75;
-    QTest::newRow("letters are refused") << "1a"
-                                         << "1" << 1.0;
-    QTest::newRow("no exponent") << "1e1"
-                                 << "11" << 11.0;
-    QTest::newRow("greatest zone") << "14"
-                                   << "14" << 14.0;
-    QTest::newRow("smallest zone") << "-12"
-                                   << "-12" << -12.0;
-    QTest::newRow("out of range but unfinished, so it is sent") << "15"
-                                                                << "15" << 15.0;
-    QTest::newRow("a lone point") << "."
-                                  << "." << 0.0;
-    QTest::newRow("a point at the end") << "2."
-                                        << "2." << 2.0;
-    QTest::newRow("three digits can't be finished") << "123"
-                                                    << "12" << 12.0;
+    // clang-format off
+    QTest::newRow("two decimals")                               << "5.75"  << "5.75" << 5.75;
+    QTest::newRow("a third decimal is refused")                 << "5.755" << "5.75" << 5.75;
+    QTest::newRow("letters are refused")                        << "1a"    << "1"    << 1.0;
+    QTest::newRow("no exponent")                                << "1e1"   << "11"   << 11.0;
+    QTest::newRow("greatest zone")                              << "14"    << "14"   << 14.0;
+    QTest::newRow("smallest zone")                              << "-12"   << "-12"  << -12.0;
+    QTest::newRow("out of range but unfinished, so it is sent") << "15"    << "15"   << 15.0;
+    QTest::newRow("a lone point")                               << "."     << "."    << 0.0;
+    QTest::newRow("a point at the end")                         << "2."    << "2."   << 2.0;
+    QTest::newRow("three digits can't be finished")             << "123"   << "12"   << 12.0;
+    // clang-format on
 }
 
 void test_time_adjustment_typing::zone_field_accepts_text_that_can_be_completed()

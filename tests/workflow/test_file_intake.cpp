@@ -40,19 +40,10 @@ private slots:
     void user_input_is_handled_before_the_first_file();
 
 private:
-    void click_header(int column);
     bool open_by_event(const QString &path);
 
     fake_tool_window app;
 };
-
-void test_file_intake::click_header(int column)
-{
-    QHeaderView *header = app.window->ui->tableView->horizontalHeader();
-    const QPoint place(header->sectionViewportPosition(column) + header->sectionSize(column) / 2,
-                       header->height() / 2);
-    QTest::mouseClick(header->viewport(), Qt::LeftButton, Qt::NoModifier, place);
-}
 
 bool test_file_intake::open_by_event(const QString &path)
 {
@@ -242,7 +233,7 @@ void test_file_intake::current_sort_applies_to_new_rows()
     app.load_dated_photo("b", "2017:05:04 00:00:00");
     app.load_dated_photo("a", "2017:05:02 00:00:00");
     for (int i = 0; i < clicks; ++i)
-        click_header(column);
+        click_header(*app.window, column);
     const QStringList more = {
         app.make_photo("d", {"ExifIFD:DateTimeOriginal=2017:05:03 00:00:00"}),
         app.make_photo("c", {"ExifIFD:DateTimeOriginal=2017:05:01 00:00:00"})};

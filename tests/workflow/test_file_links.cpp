@@ -106,14 +106,12 @@ void test_file_links::photo_loaded_by_a_link_is_fixed_data()
 {
     QTest::addColumn<QString>("photo");
     QTest::addColumn<QString>("target");  // with a leading slash: relative to the folder
-    QTest::newRow("in the same folder") << "target.jpg"
-                                        << "target.jpg";
-    QTest::newRow("in another folder") << "sub/target.jpg"
-                                       << "sub/target.jpg";
-    QTest::newRow("by its full path") << "sub/target.jpg"
-                                      << "/sub/target.jpg";
-    QTest::newRow("by a link to the link") << "sub/target.jpg"
-                                           << "second";
+    // clang-format off
+    QTest::newRow("in the same folder")    << "target.jpg"     << "target.jpg";
+    QTest::newRow("in another folder")     << "sub/target.jpg" << "sub/target.jpg";
+    QTest::newRow("by its full path")      << "sub/target.jpg" << "/sub/target.jpg";
+    QTest::newRow("by a link to the link") << "sub/target.jpg" << "second";
+    // clang-format on
 }
 
 void test_file_links::photo_loaded_by_a_link_is_fixed()

@@ -35,6 +35,9 @@ private slots:
     void unreadable_zone_ends_the_batch_by_an_exception();
 
 private:
+    void load_batch(const QStringList &dated, const QStringList &undated,
+                    const QStringList &failing);
+
     QStringList in_folder(const QStringList &names) const;
 
     fake_tool_window app;
@@ -46,6 +49,18 @@ QStringList test_fix_batch::in_folder(const QStringList &names) const
     for (const QString &name : names)
         paths << app.path_of(name);
     return paths;
+}
+
+/// @param failing  those that the tool refuses to write
+void test_fix_batch::load_batch(const QStringList &dated, const QStringList &undated,
+                                const QStringList &failing)
+{
+    for (const QString &name : dated)
+        app.load_dated_photo(name);
+    for (const QString &name : undated)
+        app.load_photo(name, {});
+    for (const QString &name : failing)
+        app.tool.refuse_writes(name);
 }
 
 void test_fix_batch::finished_batch_empties_the_screen_and_keeps_what_it_wrote_data()
@@ -85,12 +100,7 @@ void test_fix_batch::finished_batch_empties_the_screen_and_keeps_what_it_wrote()
     QFETCH(QList<box_reply>, replies);
     QFETCH(QStringList, remembered);
     MainWindow &window = *app.window;
-    for (const QString &name : dated)
-        app.load_dated_photo(name);
-    for (const QString &name : undated)
-        app.load_photo(name, {});
-    for (const QString &name : failing)
-        app.tool.refuse_writes(name);
+    load_batch(dated, undated, failing);
     for (const char *unit : {"year", "month", "day", "hour", "minute", "second", "timezone"})
         type_shift(window, unit, "1");
 
@@ -124,12 +134,7 @@ void test_fix_batch::batch_discards_the_undo_memory_of_the_previous_one()
     QFETCH(QStringList, failing);
     app.fix_dated_photo("before");
     QVERIFY(app.window->button_undo->isEnabled());
-    for (const QString &name : dated)
-        app.load_dated_photo(name);
-    for (const QString &name : undated)
-        app.load_photo(name, {});
-    for (const QString &name : failing)
-        app.tool.refuse_writes(name);
+    load_batch(dated, undated, failing);
     const box_answers answers({box_reply::yes});
     click(app.window->button_fix_time);
     QVERIFY(app.window->undo_map.isEmpty());

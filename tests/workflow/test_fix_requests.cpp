@@ -173,27 +173,15 @@ void test_fix_requests::entered_shift_moves_the_clock_time_data()
     QTest::addColumn<QString>("unit");
     QTest::addColumn<QString>("entry");
     QTest::addColumn<QString>("time");
-    QTest::newRow("year") << "year"
-                          << "1"
-                          << "2017:02:28 23:59:30";
-    QTest::newRow("month") << "month"
-                           << "-1"
-                           << "2016:01:29 23:59:30";
-    QTest::newRow("day") << "day"
-                         << "1"
-                         << "2016:03:01 23:59:30";
-    QTest::newRow("hour") << "hour"
-                          << "-24"
-                          << "2016:02:28 23:59:30";
-    QTest::newRow("minute") << "minute"
-                            << "1"
-                            << "2016:03:01 00:00:30";
-    QTest::newRow("second") << "second"
-                            << "45"
-                            << "2016:03:01 00:00:15";
-    QTest::newRow("zone doesn't move the time") << "timezone"
-                                                << "3"
-                                                << "2016:02:29 23:59:30";
+    // clang-format off
+    QTest::newRow("year")                       << "year"     << "1"   << "2017:02:28 23:59:30";
+    QTest::newRow("month")                      << "month"    << "-1"  << "2016:01:29 23:59:30";
+    QTest::newRow("day")                        << "day"      << "1"   << "2016:03:01 23:59:30";
+    QTest::newRow("hour")                       << "hour"     << "-24" << "2016:02:28 23:59:30";
+    QTest::newRow("minute")                     << "minute"   << "1"   << "2016:03:01 00:00:30";
+    QTest::newRow("second")                     << "second"   << "45"  << "2016:03:01 00:00:15";
+    QTest::newRow("zone doesn't move the time") << "timezone" << "3"   << "2016:02:29 23:59:30";
+    // clang-format on
 }
 
 void test_fix_requests::entered_shift_moves_the_clock_time()

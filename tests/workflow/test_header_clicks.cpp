@@ -58,7 +58,6 @@ private slots:
 
 private:
     void load_three();
-    void click_header(int section);
     QPair<int, Qt::SortOrder> indicator() const;
 
     fake_tool_window app;
@@ -78,13 +77,6 @@ void test_header_clicks::load_three()
     drop_photos(*app.window, {app.make_photo("c.jpg", {dated("2017:01:31 10:00:00")}),
                               app.make_photo("a.jpg", {dated("2018:05:03 12:00:00")}),
                               app.make_photo("b.jpg", {dated("2017:01:30 12:00:00")})});
-}
-
-void test_header_clicks::click_header(int section)
-{
-    const QPoint place(header->sectionViewportPosition(section) + header->sectionSize(section) / 2,
-                       header->height() / 2);
-    QTest::mouseClick(header->viewport(), Qt::LeftButton, Qt::NoModifier, place);
 }
 
 QPair<int, Qt::SortOrder> test_header_clicks::indicator() const
@@ -128,7 +120,7 @@ void test_header_clicks::clicks_sort()
     QFETCH(Qt::SortOrder, order);
     load_three();
     for (const int section : clicks)
-        click_header(section);
+        click_header(*app.window, section);
     QTEST(shown_names(*app.window), "names");
     QCOMPARE(indicator(), qMakePair(clicks.last(), order));
     QCOMPARE(app.window->model->sort_column, clicks.last());
@@ -149,13 +141,13 @@ void test_header_clicks::third_header_is_refused()
     QFETCH(QList<int>, clicks);
     load_three();
     for (const int section : clicks)
-        click_header(section);
+        click_header(*app.window, section);
     const QStringList names = shown_names(*app.window);
     const auto shown = indicator();
     for (int repeat = 0; repeat < 3; ++repeat) {
         const layout_count sorted(*app.window->model);
         QSignalSpy refused(app.window->model, &table_data_model::sort_order_override);
-        click_header(column::new_recording_time_column);
+        click_header(*app.window, column::new_recording_time_column);
         QCOMPARE(refused.size(), 1);
         QCOMPARE(sorted.value(), 1);
         QCOMPARE(shown_names(*app.window), names);
@@ -170,15 +162,15 @@ void test_header_clicks::one_click_sorts_once()
     load_three();
     const layout_count sorted(*app.window->model);
     QSignalSpy refused(app.window->model, &table_data_model::sort_order_override);
-    click_header(column::recording_time_column);
+    click_header(*app.window, column::recording_time_column);
     QCOMPARE(sorted.value(), 1);
     QCOMPARE(refused.size(), 0);
 }
 
 void test_header_clicks::click_on_an_empty_table_is_remembered()
 {
-    click_header(column::recording_time_column);
-    click_header(column::recording_time_column);
+    click_header(*app.window, column::recording_time_column);
+    click_header(*app.window, column::recording_time_column);
     load_three();
     QCOMPARE(shown_names(*app.window), QStringList({"a.jpg", "c.jpg", "b.jpg"}));
 }
@@ -186,8 +178,8 @@ void test_header_clicks::click_on_an_empty_table_is_remembered()
 void test_header_clicks::intake_sorts_once_by_the_current_key()
 {
     load_three();
-    click_header(column::recording_time_column);
-    click_header(column::recording_time_column);
+    click_header(*app.window, column::recording_time_column);
+    click_header(*app.window, column::recording_time_column);
     const layout_count sorted(*app.window->model);
     drop_photos(*app.window, {app.make_photo("d.jpg", {dated("2017:06:01 00:00:00")}),
                               app.make_photo("e.jpg", {dated("2019:06:01 00:00:00")})});
@@ -198,8 +190,8 @@ void test_header_clicks::intake_sorts_once_by_the_current_key()
 void test_header_clicks::reset_keeps_the_sort_for_the_next_files()
 {
     load_three();
-    click_header(column::recording_time_column);
-    click_header(column::recording_time_column);
+    click_header(*app.window, column::recording_time_column);
+    click_header(*app.window, column::recording_time_column);
     click(app.window->button_reset);
     QCOMPARE(app.window->model->rowCount(), 0);
     QCOMPARE(indicator(), qMakePair(int{column::recording_time_column}, Qt::DescendingOrder));
@@ -210,7 +202,7 @@ void test_header_clicks::reset_keeps_the_sort_for_the_next_files()
 void test_header_clicks::fix_keeps_the_sort_for_the_next_files()
 {
     load_three();
-    click_header(column::name_column);
+    click_header(*app.window, column::name_column);
     click(app.window->button_fix_time);
     QCOMPARE(app.window->model->rowCount(), 0);
     QCOMPARE(indicator(), qMakePair(int{column::name_column}, Qt::DescendingOrder));
@@ -221,7 +213,7 @@ void test_header_clicks::fix_keeps_the_sort_for_the_next_files()
 void test_header_clicks::typed_shift_moves_no_row()
 {
     load_three();
-    click_header(column::recording_time_column);
+    click_header(*app.window, column::recording_time_column);
     type_shift(*app.window, "month", "1");
     QCOMPARE(shown_names(*app.window), QStringList({"b.jpg", "c.jpg", "a.jpg"}));
     QCOMPARE(
@@ -240,7 +232,7 @@ void test_header_clicks::typed_shift_moves_no_row()
 void test_header_clicks::chosen_format_moves_no_row()
 {
     load_three();
-    click_header(column::recording_time_column);
+    click_header(*app.window, column::recording_time_column);
     auto *format = app.window->findChild<QAbstractButton *>("rb_mmddyyyy_slash");
     QVERIFY(format);
     click(format);
@@ -254,7 +246,7 @@ void test_header_clicks::chosen_format_moves_no_row()
 void test_header_clicks::fix_follows_the_sorted_order()
 {
     load_three();
-    click_header(column::recording_time_column);
+    click_header(*app.window, column::recording_time_column);
     app.tool.forget();
     click(app.window->button_fix_time);
     QCOMPARE(app.written_names(), QStringList({"b.jpg", "c.jpg", "a.jpg"}));

@@ -24,14 +24,6 @@ QUrl help_url(const QString &language)
     return QUrl("file:///" + help_path(language), QUrl::TolerantMode);
 }
 
-QByteArray bytes_of(const QString &path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("can't read %s", qPrintable(path));
-    return file.readAll();
-}
-
 /// Sets the encoding of the system's texts for its lifetime.
 class locale_codec
 {
@@ -111,11 +103,11 @@ void test_help_command::opens_the_page_in_the_browser_data()
 {
     QTest::addColumn<QString>("stored");
     QTest::addColumn<QString>("language");
-    QTest::newRow("English") << "en"
-                             << "en";
-    QTest::newRow("German") << "de"
-                            << "de";
+    // clang-format off
+    QTest::newRow("English")     << "en"      << "en";
+    QTest::newRow("German")      << "de"      << "de";
     QTest::newRow("none stored") << QString() << "en";
+    // clang-format on
 }
 
 void test_help_command::opens_the_page_in_the_browser()
