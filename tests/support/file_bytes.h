@@ -6,7 +6,7 @@
 #include <QFile>
 #include <QString>
 
-/// Makes or replaces a file; ends the test where that fails.
+/// Creates or replaces a file; aborts the test if that fails.
 inline void make_file(const QString &path, const QByteArray &bytes = QByteArray())
 {
     QFile file(path);
@@ -14,7 +14,7 @@ inline void make_file(const QString &path, const QByteArray &bytes = QByteArray(
         qFatal("can't write %s", qPrintable(path));
 }
 
-/// All that a file holds; ends the test if it can't be read.
+/// The contents of a file; aborts the test if it can't be read.
 inline QByteArray bytes_of(const QString &path)
 {
     QFile file(path);

@@ -23,4 +23,5 @@ private:
     QTemporaryDir folder;
 };
 
+/// The order in which a folder lists its files isn't fixed.
 QStringList sorted(QStringList texts);
