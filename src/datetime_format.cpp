@@ -29,9 +29,9 @@ void datetime_format::load_settings()
     time_format = settings.value("time_format", "HH:mm:ss").toString();
     // If no button has the stored format, the checked one stays checked: the groups are exclusive.
     for (const auto &choice : datetime_format_form::date_choices)
-        (ui->*choice.button)->setChecked(date_format == choice.format);
+        (ui->*choice.button)->setChecked(date_format == QLatin1String(choice.format));
     for (const auto &choice : datetime_format_form::time_choices)
-        (ui->*choice.button)->setChecked(time_format == choice.format);
+        (ui->*choice.button)->setChecked(time_format == QLatin1String(choice.format));
 }
 
 void datetime_format::save_settings()

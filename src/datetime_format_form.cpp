@@ -23,14 +23,14 @@ constexpr char inner_sheet[] = "border: none;\nbackground-color: rgb(47,47,47);"
 constexpr int panel_height_px = 144;
 constexpr int time_gap_px = 25;
 
-QWidget *add_widget(QWidget *parent, const char *name)
+QWidget *add_widget(QWidget *parent, const QString &name)
 {
     auto *widget = new QWidget(parent);
     widget->setObjectName(name);
     return widget;
 }
 
-QGridLayout *add_grid(QWidget *widget, const char *name)
+QGridLayout *add_grid(QWidget *widget, const QString &name)
 {
     auto *grid = new QGridLayout(widget);
     grid->setObjectName(name);
@@ -38,7 +38,7 @@ QGridLayout *add_grid(QWidget *widget, const char *name)
     return grid;
 }
 
-QButtonGroup *add_group(QWidget *panel, const char *name)
+QButtonGroup *add_group(QWidget *panel, const QString &name)
 {
     auto *group = new QButtonGroup(panel);
     group->setObjectName(name);
@@ -93,11 +93,11 @@ QString datetime_format_form::format_of(const orv::radio *button) const
 {
     for (const choice &date_choice : date_choices) {
         if (this->*date_choice.button == button)
-            return date_choice.format;
+            return QLatin1String(date_choice.format);
     }
     for (const choice &time_choice : time_choices) {
         if (this->*time_choice.button == button)
-            return time_choice.format;
+            return QLatin1String(time_choice.format);
     }
     return {};
 }
@@ -150,8 +150,8 @@ void datetime_format_form::add_button(const choice &choice, QButtonGroup *group,
                                       const QString &tooltip)
 {
     auto *button = new orv::radio(tr(choice.label), widget_2);
-    button->setObjectName(choice.object_name);
-    button->setStyleSheet(orv::radio::sheet);
+    button->setObjectName(QLatin1String(choice.object_name));
+    button->setStyleSheet(QLatin1String(orv::radio::sheet));
     button->setToolTip(tooltip);
     gridLayout_2->addWidget(button, choice.row, choice.column);
     group->addButton(button);

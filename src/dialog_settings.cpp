@@ -68,9 +68,10 @@ QWidget *dialog_settings::make_content()
 orv::combobox *dialog_settings::make_language_box()
 {
     auto *box = new orv::combobox;
-    box->setStyleSheet(orv::combobox::sheet);
+    box->setStyleSheet(QLatin1String(orv::combobox::sheet));
     for (const language &each : languages)
-        box->insertItem(box->count(), QIcon(), each.name, each.code);
+        box->insertItem(box->count(), QIcon(), QString::fromUtf8(each.name),
+                        QLatin1String(each.code));
     box->setMaxVisibleItems(max_visible_languages);
     box->setMinimumWidth(min_language_width_px);
     box->setCurrentIndex(current_language_index(*box));

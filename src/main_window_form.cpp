@@ -62,14 +62,14 @@ constexpr char table_header_sheet[] =
     "border-image:url(:/gui/panel/border.png) 3 stretch;padding-left: 1em;}";
 
 template <class Widget>
-Widget *add_widget(QWidget *parent, const char *name)
+Widget *add_widget(QWidget *parent, const QString &name)
 {
     auto *widget = new Widget(parent);
     widget->setObjectName(name);
     return widget;
 }
 
-QGridLayout *add_tight_grid(QWidget *widget, const char *name)
+QGridLayout *add_tight_grid(QWidget *widget, const QString &name)
 {
     auto *grid = new QGridLayout(widget);
     grid->setObjectName(name);

@@ -23,7 +23,7 @@ constexpr int label_row = 1;
 constexpr int field_row = 2;
 constexpr int spacer_column = 7;
 
-QWidget *add_inner_widget(QWidget *parent, const char *name)
+QWidget *add_inner_widget(QWidget *parent, const QString &name)
 {
     auto *widget = new QWidget(parent);
     widget->setObjectName(name);
@@ -31,7 +31,7 @@ QWidget *add_inner_widget(QWidget *parent, const char *name)
     return widget;
 }
 
-QGridLayout *add_grid(QWidget *widget, const char *name, int margin_px)
+QGridLayout *add_grid(QWidget *widget, const QString &name, int margin_px)
 {
     auto *grid = new QGridLayout(widget);
     grid->setObjectName(name);
@@ -93,9 +93,9 @@ void time_adjustment_form::build_frames(QWidget *panel)
     gridLayout_3->setColumnStretch(spacer_column, 1);
 }
 
-void time_adjustment_form::add_column(int column, QLabel *&column_label, const char *label_name,
+void time_adjustment_form::add_column(int column, QLabel *&column_label, const QString &label_name,
                                       const QString &text, orv::lineedit *&field,
-                                      const char *field_name)
+                                      const QString &field_name)
 {
     column_label = new QLabel(text, widget);
     column_label->setObjectName(label_name);
@@ -103,7 +103,7 @@ void time_adjustment_form::add_column(int column, QLabel *&column_label, const c
 
     field = new orv::lineedit(widget);
     field->setObjectName(field_name);
-    field->setStyleSheet(orv::lineedit::sheet);
+    field->setStyleSheet(QLatin1String(orv::lineedit::sheet));
     field->setPlaceholderText("0");
     gridLayout_3->addWidget(field, field_row, column);
     column_label->setBuddy(field);

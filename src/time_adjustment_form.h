@@ -50,6 +50,6 @@ public:
 
 private:
     void build_frames(QWidget *panel);
-    void add_column(int column, QLabel *&column_label, const char *label_name, const QString &text,
-                    orv::lineedit *&field, const char *field_name);
+    void add_column(int column, QLabel *&column_label, const QString &label_name,
+                    const QString &text, orv::lineedit *&field, const QString &field_name);
 };

@@ -64,10 +64,9 @@ void button::paintEvent(QPaintEvent *event)
     painter.drawRects(&highlight_rect, 1);
 }
 
-void button::merge_sheet(const char *declarations)
+void button::merge_sheet(QString declarations)
 {
-    QString addition = declarations;
-    qor::qt::stylesheet::merge(this, addition);
+    qor::qt::stylesheet::merge(this, declarations);
 }
 
 }  // namespace orv

@@ -37,7 +37,7 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    void merge_sheet(const char *declarations);
+    void merge_sheet(QString declarations);
 };
 
 }  // namespace orv

@@ -45,7 +45,7 @@ QSize measured(const QString &text, int size_px, int weight)
     return QFontMetrics(font).size(0, text);
 }
 
-void add_text(qor::qt::layout &rows, const QString &text, const char *sheet, int height)
+void add_text(qor::qt::layout &rows, const QString &text, const QString &sheet, int height)
 {
     auto *label = new QLabel(text);
     label->setStyleSheet(sheet);

@@ -111,7 +111,7 @@ void exiftool::set_request_sent(std::function<void()> action)
     on_request_sent = std::move(action);
 }
 
-exiftool::exiftool(construction_key) : ready_marker(ready_text)
+exiftool::exiftool(construction_key) : ready_marker(QLatin1String(ready_text))
 {
     const QString path = program_path();
     if (!QFileInfo::exists(path))
@@ -166,7 +166,7 @@ tag_map exiftool::read_tags(const QString &file, bool group_names, bool print_re
     const request running(*this);
     if (!started)
         return {};
-    QString lines = group_names ? "-G1\n" : "";
+    QString lines = QLatin1String(group_names ? "-G1\n" : "");
     lines += "\n%1\n-execute\n";
     write_to_proc(lines.arg(file));
     tag_map tags = parse_tag_reply(read_until_ready());

@@ -35,7 +35,7 @@ constexpr char horizontal_sheet[] =
     "subcontrol-position: right;    subcontrol-origin: margin;}";
 
 /// The style is the bar's child, since QWidget::setStyle doesn't take ownership.
-void skin(QScrollBar *bar, const char *sheet)
+void skin(QScrollBar *bar, const QString &sheet)
 {
     QStyle *style = QStyleFactory::create("fusion");
     style->setParent(bar);

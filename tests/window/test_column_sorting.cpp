@@ -43,7 +43,6 @@ private slots:
     void equal_times_keep_every_file();
     void files_without_a_date_stay_in_the_list_data();
     void files_without_a_date_stay_in_the_list();
-    void orders_other_than_descending_sort_ascending();
     void layout_signals_surround_the_sorting();
     void state_is_stored_after_the_last_signal();
     void empty_list_goes_through_the_same_steps();
@@ -264,16 +263,6 @@ void test_column_sorting::files_without_a_date_stay_in_the_list()
         QCOMPARE(model->index(row, column::recording_time_column).data().toString(), expected);
         QCOMPARE(model->index(row, column::new_recording_time_column).data().toString(), expected);
     }
-}
-
-void test_column_sorting::orders_other_than_descending_sort_ascending()
-{
-    use_times({{"/p/a.jpg", "2018:05:03 12:00:00"}, {"/p/b.jpg", "2017:05:03 12:00:00"}});
-    const auto odd_order = static_cast<Qt::SortOrder>(7);
-    model->sort(column::recording_time_column, odd_order);
-    QCOMPARE(model->files, QStringList({"/p/b.jpg", "/p/a.jpg"}));
-    model->sort(column::name_column, odd_order);
-    QCOMPARE(model->files, QStringList({"/p/a.jpg", "/p/b.jpg"}));
 }
 
 void test_column_sorting::layout_signals_surround_the_sorting()
