@@ -2,6 +2,7 @@
 
 #include "datetime_format_form.h"
 
+#include "form_parts.h"
 #include "orv/radio.h"
 
 #include <QButtonGroup>
@@ -22,21 +23,6 @@ constexpr char inner_sheet[] = "border: none;\nbackground-color: rgb(47,47,47);"
 
 constexpr int panel_height_px = 144;
 constexpr int time_gap_px = 25;
-
-QWidget *add_widget(QWidget *parent, const QString &name)
-{
-    auto *widget = new QWidget(parent);
-    widget->setObjectName(name);
-    return widget;
-}
-
-QGridLayout *add_grid(QWidget *widget, const QString &name)
-{
-    auto *grid = new QGridLayout(widget);
-    grid->setObjectName(name);
-    grid->setContentsMargins(0, 0, 0, 0);
-    return grid;
-}
 
 QButtonGroup *add_group(QWidget *panel, const QString &name)
 {
@@ -109,14 +95,12 @@ void datetime_format_form::build_frames(QWidget *panel)
     panel->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     panel->setMaximumHeight(panel_height_px);
     panel->setStyleSheet(panel_sheet);
-    gridLayout = add_grid(panel, "gridLayout");
-    gridLayout->setSpacing(0);
+    gridLayout = add_tight_grid(panel, "gridLayout");
 
     widget_3 = add_widget(panel, "widget_3");
     widget_3->setStyleSheet(outer_sheet);
     gridLayout->addWidget(widget_3, 5, 0);
-    gridLayout_3 = add_grid(widget_3, "gridLayout_3");
-    gridLayout_3->setSpacing(0);
+    gridLayout_3 = add_tight_grid(widget_3, "gridLayout_3");
     gridLayout_3->setContentsMargins(15, 13, 15, 15);
 
     widget_2 = add_widget(widget_3, "widget_2");

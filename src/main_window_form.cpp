@@ -4,6 +4,7 @@
 
 #include "datetime_format.h"
 #include "drop_files_widget.h"
+#include "form_parts.h"
 #include "orv/button_dark.h"
 #include "orv/picture_widget.h"
 #include "orv/skin_scroll_bars.h"
@@ -61,23 +62,6 @@ constexpr char table_header_sheet[] =
     "QHeaderView::section {border-width: 3;border-style: solid;"
     "border-image:url(:/gui/panel/border.png) 3 stretch;padding-left: 1em;}";
 
-template <class Widget>
-Widget *add_widget(QWidget *parent, const QString &name)
-{
-    auto *widget = new Widget(parent);
-    widget->setObjectName(name);
-    return widget;
-}
-
-QGridLayout *add_tight_grid(QWidget *widget, const QString &name)
-{
-    auto *grid = new QGridLayout(widget);
-    grid->setObjectName(name);
-    grid->setSpacing(0);
-    grid->setContentsMargins(0, 0, 0, 0);
-    return grid;
-}
-
 orv::button_dark *make_button(const QString &tooltip, QSize size, const QString &icon)
 {
     auto *button = new orv::button_dark(nullptr);
@@ -106,7 +90,7 @@ void main_window_form::build(QMainWindow *window)
     window->setStyleSheet(window_sheet);
     window->setWindowTitle(tr("Kelvra"));
 
-    centralWidget = add_widget<QWidget>(window, "centralWidget");
+    centralWidget = add_widget(window, "centralWidget");
     QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     policy.setHorizontalStretch(1);
     centralWidget->setSizePolicy(policy);
@@ -193,17 +177,17 @@ void main_window_form::build_bands()
 {
     gridLayout = add_tight_grid(centralWidget, "gridLayout");
 
-    widget_logo = add_widget<QWidget>(centralWidget, "widget_logo");
+    widget_logo = add_widget(centralWidget, "widget_logo");
     widget_logo->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     widget_logo->setMinimumHeight(97);
     gridLayout->addWidget(widget_logo, 2, 0);
 
-    widget_info = add_widget<QWidget>(centralWidget, "widget_info");
+    widget_info = add_widget(centralWidget, "widget_info");
     widget_info->setMinimumHeight(10);
     widget_info->setStyleSheet(info_sheet);
     gridLayout->addWidget(widget_info, 1, 0);
 
-    widget_content = add_widget<QWidget>(centralWidget, "widget_content");
+    widget_content = add_widget(centralWidget, "widget_content");
     widget_content->setStyleSheet(content_sheet);
     gridLayout->addWidget(widget_content, 3, 0);
     gridLayout_2 = add_tight_grid(widget_content, "gridLayout_2");
@@ -229,7 +213,7 @@ void main_window_form::build_drop_area()
     verticalLayout_2->setContentsMargins(11, 11, 11, 11);
 
     verticalLayout_2->addItem(new QSpacerItem(20, 20, QSizePolicy::Minimum, QSizePolicy::Fixed));
-    dropper_controls = add_widget<QWidget>(widget, "dropper_controls");
+    dropper_controls = add_widget(widget, "dropper_controls");
     dropper_controls->setStyleSheet(controls_sheet);
     verticalLayout_2->addWidget(dropper_controls);
     verticalLayout_2->addItem(

@@ -2,6 +2,7 @@
 
 #include "time_adjustment_form.h"
 
+#include "form_parts.h"
 #include "orv/lineedit.h"
 
 #include <QGridLayout>
@@ -25,19 +26,9 @@ constexpr int spacer_column = 7;
 
 QWidget *add_inner_widget(QWidget *parent, const QString &name)
 {
-    auto *widget = new QWidget(parent);
-    widget->setObjectName(name);
+    QWidget *widget = add_widget(parent, name);
     widget->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     return widget;
-}
-
-QGridLayout *add_grid(QWidget *widget, const QString &name, int margin_px)
-{
-    auto *grid = new QGridLayout(widget);
-    grid->setObjectName(name);
-    grid->setSpacing(0);
-    grid->setContentsMargins(margin_px, margin_px, margin_px, margin_px);
-    return grid;
 }
 
 }  // namespace
@@ -77,17 +68,18 @@ void time_adjustment_form::build_frames(QWidget *panel)
     panel->resize(569, 73);
     panel->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     panel->setStyleSheet(panel_sheet);
-    gridLayout = add_grid(panel, "gridLayout", 0);
+    gridLayout = add_tight_grid(panel, "gridLayout");
 
     widget_2 = add_inner_widget(panel, "widget_2");
     gridLayout->addWidget(widget_2, 8, 0);
-    gridLayout_2 = add_grid(widget_2, "gridLayout_2", 15);
+    gridLayout_2 = add_tight_grid(widget_2, "gridLayout_2");
+    gridLayout_2->setContentsMargins(15, 15, 15, 15);
 
     widget = add_inner_widget(widget_2, "widget");
     widget->setMinimumSize(16, 16);
     widget->setStyleSheet(inner_sheet);
     gridLayout_2->addWidget(widget, 0, 0);
-    gridLayout_3 = add_grid(widget, "gridLayout_3", 0);
+    gridLayout_3 = add_tight_grid(widget, "gridLayout_3");
     gridLayout_3->setHorizontalSpacing(10);
     gridLayout_3->setVerticalSpacing(5);
     gridLayout_3->setColumnStretch(spacer_column, 1);

@@ -123,7 +123,7 @@ void test_exiftool_process::read_before_more(const QString &action, const QStrin
 }
 
 /// Waits until that action has ended. Its output is then in the process object if an event loop
-/// ran, and otherwise still in the pipe.
+/// ran, and otherwise still in the pipe: that is why this sleeps instead of running one.
 void test_exiftool_process::wait_for_more(bool in_event_loop)
 {
     if (in_event_loop)

@@ -130,7 +130,8 @@ QByteArray picture_of(const QString &path, const tag_values &tags)
     return file.read(tags["IFD0:StripByteCounts"].toInt());
 }
 
-/// Waits until the process does nothing more: it has ended, or it keeps sleeping.
+/// Waits until the process does nothing more: it has ended, or it keeps sleeping. Nothing reports
+/// that a process will stay asleep, so it is looked at again and again for half a second.
 bool settles(qint64 process)
 {
     constexpr int pause_ms = 25;
@@ -269,6 +270,7 @@ void test_killed_program::kill_during_a_fix_harms_no_photo()
     QVERIFY(program.wait_until_printed("fix: " + QByteArray::number(done)));
     const qint64 tool = tool_of(program);
     const orphan end(tool);
+    // A tool that rewrites a photo reports nothing, so only time leads into the middle of it.
     QThread::msleep(static_cast<unsigned long>(delay_ms));
     program.receive(SIGKILL);
     QVERIFY(program.wait_until_ended());
