@@ -15,8 +15,8 @@ namespace qor
 /// derived types a value.
 ///
 /// There is one object for each kind (`qor::qt::properties`), and screens pass its address around.
-/// For the GUI thread only. Note: a value lasts only until the same kind is written again.
-/// Requires: a list of properties is applied immediately and never kept.
+/// For the GUI thread only. Note: a value lasts only until the same kind is used again. Requires: a
+/// list of properties is applied immediately and never kept.
 struct property {
     property();
     property(const property &) = delete;

@@ -12,7 +12,7 @@ namespace qor
 /// `handled_signals` lists the signals that end a program and that `stacktrace` reports, in the
 /// order in which it installs its handler. `signal_names` is indexed by the numbers of the system
 /// that the program is built for: `signal.h` of the Microsoft C runtime, signal(7) on Linux. The
-/// name is "UNKNOWN" for a number without a signal, or whose signal no program on this system
+/// name is "UNKNOWN" for a number that is no signal, or is one that no program on this system
 /// receives.
 
 // clang-format off

@@ -13,7 +13,7 @@ namespace qor
 struct stack_frame {
     const char *file;      ///< source path as the build gave it
     int line;              ///< source line
-    const char *function;  ///< the compiler's full function text
+    const char *function;  ///< full signature, as the compiler gives it
 };
 
 /// The process-wide stack of source locations, printed when the program dies.

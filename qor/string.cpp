@@ -74,9 +74,9 @@ std::vector<string> string::split(const string &text, const string &separator, i
         if (limit > 0 && ++cuts == limit)
             break;
     }
-    // After a limit, the remainder is only as long as the text from the last character of the next
-    // separator on. If there is no next separator, `found` is npos and the length reaches past the
-    // end.
+    // After a limit, `found` is the last character of the next separator, and the remainder is cut
+    // to the length of the text from there on. If there is no next separator, `found` is npos, the
+    // length reaches past the end, and nothing is cut.
     pieces.push_back(part_of(text, start, text.size() - found));
     return pieces;
 }

@@ -23,9 +23,9 @@ class progress_dialog;
 /// The program's window: builds the screen and turns clicks into commands.
 ///
 /// Lives on the GUI thread. A batch (load, fix, undo) runs inside the click that starts it and
-/// blocks it; each file costs one request to the metadata tool. The window is painted while the
-/// tool works. Events are processed between two files; during a fix or an undo that includes user
-/// input.
+/// blocks the thread; each file costs one request to the metadata tool. The window is painted while
+/// the tool works. Events are processed between two files; during a fix or an undo that includes
+/// user input.
 class MainWindow : public QMainWindow
 {
     Q_OBJECT

@@ -117,7 +117,8 @@ void exif_cache::parse_iptc(const std::string &path, const tag_map &tags)
     tag_map &record = records[path];
     record["has_iptc_date"] = tags.count("IPTC:DateCreated") > 0 ? "true" : "false";
     record["has_iptc_time"] = "false";
-    // Not the zone's key, on purpose: a time without a sign has no zone key.
+    // The key is spelled differently from `iptc_timezone` on purpose: that one is absent if the
+    // time has no sign.
     record["ipct_timezone"] = "";
     const auto time = tags.find("IPTC:TimeCreated");
     if (time == tags.end())

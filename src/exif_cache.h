@@ -29,7 +29,7 @@ public:
     /// The record of the file; empty if the file isn't loaded. Valid until the cache changes.
     const tag_map &record_of(const QString &path) const;
 
-    /// The tags of the file; empty and valid in the same cases.
+    /// The tags of the file; empty if it isn't loaded. Valid until the cache changes.
     const tag_map &raw_tags_of(const QString &path) const;
 
     /// A copy of the record of the file.

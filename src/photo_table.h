@@ -17,7 +17,7 @@ class photo_table : public QTableView
 public:
     explicit photo_table(QWidget *parent);
 
-    /// Requires: the model only appends rows, and never removes fewer than all of them.
+    /// Requires: the model adds rows only at the end, and removes them only all at once.
     void setModel(QAbstractItemModel *model) override;
 
 protected:

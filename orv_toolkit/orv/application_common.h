@@ -10,8 +10,9 @@
 namespace orv
 {
 
-/// The application object. It also passes its events to the main window, since systems report files
-/// to open to the application. While it works, it has a frame on the stack of source locations.
+/// The application object. It also passes its events to the main window, since a system sends its
+/// requests to open a file to the application. Its constructor and `event` have a frame on the
+/// stack of source locations.
 /// @tparam MainWindowClass  a QMainWindow with a public `event`
 template <class MainWindowClass>
 class application : public QApplication

@@ -64,7 +64,7 @@ QWidget *make_header()
 
 QLabel *make_version()
 {
-    // Nothing follows the word size.
+    // The text after the word size is empty.
     const QString build = QString(" - %1 Bit %2").arg(word_bits).arg(QString());
     return new QLabel(QCoreApplication::applicationVersion() + build);
 }

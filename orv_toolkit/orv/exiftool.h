@@ -44,10 +44,10 @@ public:
     /// a signal during a request the tool finishes the request, then quits.
     static std::shared_ptr<exiftool> instance();
 
-    /// Calls `action` from now on each time that a part of a request has been sent to the tool: its
-    /// work then costs no time, since the tool works meanwhile. Also calls it when a part can't be
-    /// sent, and whenever a wait for the reply fails. An empty `action` ends the calls. Doesn't
-    /// start the tool. Requires: `action` makes no request and runs no event loop.
+    /// Calls `action` from now on each time that a part of a request has been sent to the tool:
+    /// what it does then costs no time, since the tool works meanwhile. Also calls it when a part
+    /// can't be sent, and whenever a wait for the reply fails. An empty `action` ends the calls.
+    /// Doesn't start the tool. Requires: `action` makes no request and runs no event loop.
     static void set_request_sent(std::function<void()> action);
 
     /// Only for `instance`. A tool that can't be started is reported on the standard streams. Note:

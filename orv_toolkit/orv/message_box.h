@@ -16,8 +16,8 @@ namespace orv
 /// `parent` may be null. `buttons` is the mask of the buttons shown. `default_button` is one of
 /// them, or 0 for the first button with the accept role, such as Ok.
 ///
-/// No box is larger than its screen, including its frame. A box that would be, or that would cut
-/// off a long word, shows its text in a `scrolled_text`. `text()` is always the whole text.
+/// No box is larger than its screen, including its frame. A box that would be larger, or that would
+/// cut off a long word, shows its text in a `scrolled_text`. `text()` is always the whole text.
 class message_box : public QMessageBox
 {
     Q_OBJECT

@@ -33,8 +33,8 @@ Qt::TextFormat format_of(const QLabel &label)
     return is_rich ? Qt::RichText : Qt::PlainText;
 }
 
-/// A text in two parts: a plain text with empty lines is split at the last of them, any other has
-/// no last paragraph.
+/// A text in two parts. A plain text is split at its last empty line. If it has none, or if the
+/// text is rich, there is no last paragraph.
 struct parted_text {
     QString start;
     QString last_paragraph;
@@ -97,7 +97,7 @@ scrolled_text::scrolled_text(const QLabel &label, QSize room, QWidget *parent) :
     if (height > room.height())
         add_scrolling();
     needed = needed.boundedTo(room);
-    // Otherwise the box's layout would use the height for the width, which leaves out the area.
+    // Otherwise the box's layout would use heightForWidth(), which leaves out the area.
     setFixedHeight(needed.height());
 }
 

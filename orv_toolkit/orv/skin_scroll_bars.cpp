@@ -23,7 +23,7 @@ constexpr char vertical_sheet[] =
     "QScrollBar::sub-line:vertical {    background: black;    height: 0px;    "
     "subcontrol-position: top;    subcontrol-origin: margin;}";
 
-// The positions of the two lines are swapped; both are 0 wide.
+// The positions of add-line and sub-line are swapped, which can't be seen: both are 0 wide.
 constexpr char horizontal_sheet[] =
     "QScrollBar:horizontal {    border: none;    background-color:rgb(47,47,47);    "
     "height:11px;        margin: 0px 0px 0px 0px;}"

@@ -12,9 +12,8 @@ namespace orv
 /// The tags in the metadata tool's reply to a read with `-args`, one `-Name=Value` line each
 /// (exiftool(1), option -args).
 ///
-/// A line without "=" is skipped, and with it the end marker and the further lines of a value. A
-/// value ends at a second "=". Names and values are trimmed. If a name occurs twice, the last one
-/// wins.
+/// A line without "=" is skipped, such as the end marker or a further line of a value. A value ends
+/// at a second "=". Names and values are trimmed. If a name occurs twice, the last one wins.
 tag_map parse_tag_reply(const QString &reply);
 
 /// The text that marks the end of a reply; nothing else is on its line.

@@ -54,7 +54,7 @@ QSize wrapped_label::sizeHint() const
     return {width(), heightForWidth(width())};
 }
 
-/// No word needs a minimum width.
+/// Any word can be broken, so there is no minimum width.
 QSize wrapped_label::minimumSizeHint() const
 {
     return {0, fontMetrics().height()};

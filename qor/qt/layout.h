@@ -19,9 +19,9 @@ namespace qor::qt
 /// A grid of rows and columns to which a screen adds its widgets one after another.
 ///
 /// Lines (rows and columns) have a size in pixels, or 0 for automatic: automatic lines share the
-/// space that the others leave in the parent widget, which is laid out as a whole. Each widget is
-/// in a `cell`, which holds its other settings. Widgets are added with `add` and never removed.
-/// Requires: every widget outlives the layout.
+/// space that the others leave in the parent widget, whose whole area belongs to the layout. Each
+/// widget is in a `cell`, which holds its other settings. Widgets are added with `add` and never
+/// removed. Requires: every widget outlives the layout.
 class layout : public QLayout
 {
     Q_OBJECT

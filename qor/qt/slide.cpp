@@ -43,7 +43,7 @@ std::vector<size_change> changes_of(const std::vector<sliding_line> &lines)
     return changes;
 }
 
-/// In pixels; at most one more than reaches the target, however short the time is.
+/// In pixels: at most one more than the whole way, however short the time is.
 int step_of(std::int64_t delta, float seconds)
 {
     const float limit = std::abs(static_cast<float>(delta)) + 1;

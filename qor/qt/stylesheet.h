@@ -23,7 +23,7 @@ public:
     explicit stylesheet(const QString &sheet);
 
     /// Adds the declarations of `text`, in UTF-8, replacing those of the same names. A piece
-    /// between semicolons without a colon, a name or a value is dropped.
+    /// between semicolons that lacks the colon, the name or the value is dropped.
     void set(const std::string &text);
 
     /// The sheet in UTF-8, with declarations sorted by name; a group with a selector is put in

@@ -14,10 +14,11 @@ namespace qor::qt
 /// A section with a title row and a content area. A click on its button folds it to a small height
 /// or opens it again, in a slide that blocks.
 ///
-/// Requires: it is in a cell of a `qor::qt::layout`, where the height of its row slides. That cell
-/// is found through `clicked_cell`, also a millisecond after construction, so the section must be
-/// created by a click on a widget of the kit whose own parent is the content of a cell. If there is
-/// no such cell, the program ends.
+/// Requires: it is in a cell of a `qor::qt::layout`; the height of that cell's row slides. The cell
+/// is looked up at each click, and once a millisecond after construction: it is the one whose
+/// content is the parent of the last clicked widget (`clicked_cell`). So the section must be
+/// created by a click on a widget of the kit whose parent is the content of a cell. If no cell is
+/// found, the program ends.
 class widget_fold : public QWidget
 {
     Q_OBJECT
@@ -30,11 +31,11 @@ public:
     /// @param fold_height  height of the row when folded, in pixels
     widget_fold(QString title, QPushButton *button, double seconds, int fold_height);
 
-    qor::qt::layout *main_layout;  ///< title row and content; this widget's, like both others
+    qor::qt::layout *main_layout;  ///< title row and content; owned, like the other two layouts
     bool owns_button = false;      ///< the section made the button and may change its text
     bool is_folded = false;
     int fold_height;
-    int open_height = 25;         ///< pixels to open to; read from the row at each folding
+    int open_height = 25;         ///< pixels to open to; read from the row when it folds
     cell *parent_cell = nullptr;  ///< stays null: the cell is looked up when needed
     qor::qt::layout *title_layout;
     qor::qt::layout *content_layout;  ///< the creator of the section adds the content here

@@ -20,9 +20,9 @@ void install_style();
 /// the desktop's icons are the fallback. Requires: the application object.
 void install_icons();
 
-/// Installs the translations of Qt, the program and the widget kit for a language such as "de".
-/// Texts without a catalogue stay as in the source, in English. The translators live until the
-/// process ends. Requires: the application object.
+/// Installs the translations of Qt, the program and the toolkit for a language such as "de". Texts
+/// without a catalogue stay as in the source, in English. The translators live until the process
+/// ends. Requires: the application object.
 void install_translators(const QString &language);
 
 /// Adds the program's fonts. The bold one names its family "FreeSans", as the regular one does, so
