@@ -313,7 +313,7 @@ void test_batch_plan::iptc_time_is_remembered_with_date_and_zone()
     QFETCH(QString, reported);
     QFETCH(QString, zone);
     QFETCH(QString, month);
-    // The date of the tag's own group must not count.
+    // The value gets the recording date, not this IPTC date.
     const tag_map raw_tags = {{iptc_time, reported.toStdString()}, {iptc_date, "2001:09:11"}};
     tag_map record = with(summer_record(), "rec_month", month.toStdString());
     if (!zone.isEmpty())

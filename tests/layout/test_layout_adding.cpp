@@ -32,7 +32,7 @@ namespace
 constexpr int hook_for_made_objects = 3;
 constexpr int hook_for_dying_objects = 4;
 
-/// Counts the toolkit's click receivers that are created during its lifetime.
+/// Counts the kit's click receivers that are created during its lifetime.
 class made_lambdas
 {
 public:

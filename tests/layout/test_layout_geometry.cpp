@@ -170,7 +170,7 @@ void test_layout_geometry::content_is_placed_in_its_slot_data()
     QTest::addColumn<side>("wish");
     QTest::addColumn<area>("content");
     QTest::addColumn<area>("background");
-    // The slot begins at pixel 30 and is 200 pixels long.
+    // The cell's grid area begins at pixel 30 and is 200 pixels long.
     const struct {
         const char *name;
         side wish;

@@ -342,7 +342,7 @@ void test_widget_fold::is_resized_when_made()
     QCOMPARE(size, untouched);
 }
 
-// The cell around the clicked widget is the panel's.
+// The cell around the clicked widget is that of the panel.
 void test_widget_fold::content_gets_the_height_of_the_row_later()
 {
     fold_window screen;

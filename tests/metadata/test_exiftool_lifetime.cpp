@@ -172,8 +172,8 @@ void test_exiftool_lifetime::quiet_silences_standard_error_at_the_end()
     QCOMPARE(result.errors, QByteArray());
 }
 
-/// The time is a promise of the program: a tool that still writes gets it whole. Only a lower limit
-/// is checked, so a slow computer can't fail this.
+/// The program promises these five seconds: a tool that still writes gets all of them. Only a lower
+/// limit is checked, so a slow computer can't fail this.
 void test_exiftool_lifetime::tool_that_stays_is_killed_after_five_seconds()
 {
     folder->use_stand_in();

@@ -390,7 +390,7 @@ void test_exiftool_process::quiet_tool_is_waited_for_in_silence()
     QCOMPARE(output.text(), QByteArray());
 }
 
-/// The pipe is emptied all the same; otherwise the tool would block.
+/// The pipe is emptied anyway; otherwise the tool would block.
 void test_exiftool_process::quiet_hides_a_flood_of_standard_error()
 {
     exiftool::instance()->set_quiet(true);

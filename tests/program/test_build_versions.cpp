@@ -362,7 +362,7 @@ void test_build_versions::folder_of_another_user_is_a_repository()
     QCOMPARE(tree->written()["application"], "v4.5.6-1-g" + only_commit);
 }
 
-/// Otherwise every build would compile again.
+/// Otherwise every build would compile sources that haven't changed.
 void test_build_versions::header_is_written_only_when_it_changes()
 {
     tree->make_repository();

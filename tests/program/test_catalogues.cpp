@@ -154,8 +154,8 @@ void test_catalogues::init()
     QVERIFY(!entries.isEmpty());
 }
 
-/// A text in the sources without an entry becomes an unfinished entry, and an entry without a text
-/// a vanished one.
+/// A source text without an entry becomes an unfinished entry; an entry without a source text
+/// becomes a vanished one.
 void test_catalogues::texts_are_those_of_the_sources()
 {
     QFETCH_GLOBAL(QStringList, folders);

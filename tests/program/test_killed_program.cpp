@@ -270,7 +270,7 @@ void test_killed_program::kill_during_a_fix_harms_no_photo()
     QVERIFY(program.wait_until_printed("fix: " + QByteArray::number(done)));
     const qint64 tool = tool_of(program);
     const orphan end(tool);
-    // A tool that rewrites a photo reports nothing, so only time leads into the middle of it.
+    // A tool that rewrites a photo reports nothing, so only a delay can hit the middle of it.
     QThread::msleep(static_cast<unsigned long>(delay_ms));
     program.receive(SIGKILL);
     QVERIFY(program.wait_until_ended());

@@ -36,7 +36,7 @@ template struct opened_steps<&exif_cache::parse_recording_date, &exif_cache::par
 namespace
 {
 
-// A second implementation of the record.
+// A second implementation of how a record is made.
 
 /// The parts of a date or a time. The last character always belongs to the last part, and empty
 /// parts before that don't count.

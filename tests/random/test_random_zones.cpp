@@ -16,8 +16,7 @@ using texts = std::vector<std::string>;
 namespace
 {
 
-// A second implementation of the lenient number: it keeps the digits as text, so no number type can
-// overflow.
+// A second implementation of `to_int`: it keeps the digits as text, so no number type can overflow.
 
 struct number {
     enum { none, value, no_digits, too_great } kind = none;

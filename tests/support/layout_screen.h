@@ -9,8 +9,8 @@
 
 #include <vector>
 
-/// A toolkit layout on a parent that only the test shows, so that only the test runs the geometry
-/// pass.
+/// A layout of the kit on a parent that only the test shows, so that only the test runs the
+/// geometry pass.
 struct layout_screen {
     explicit layout_screen(int wrap = 1, bool column_major = false)
         : grid(new qor::qt::layout(&parent, wrap, column_major))
@@ -23,7 +23,7 @@ struct layout_screen {
         parent.resize(size);
     }
 
-    /// Adds a cell with these wishes and a new widget. Returns the stored cell.
+    /// Adds a copy of the cell with a new widget. Returns the stored cell.
     qor::qt::cell &add(const qor::qt::cell &wishes = qor::qt::cell())
     {
         qor::qt::cell made = wishes;

@@ -435,8 +435,8 @@ void test_dialog_settings::failed_write_goes_unnoticed()
     QVERIFY(QDir().rmdir(file));
 }
 
-/// Runs on a German system: on any other, the default is what the box shows for every language
-/// except German.
+/// Runs on a German system, so that the default (German) differs from what the box shows for a
+/// language that it doesn't know (English).
 int main(int argc, char **argv)
 {
     qputenv("LC_ALL", "de_DE.UTF-8");

@@ -187,7 +187,7 @@ void paint_message_boxes()
     box::question(nullptr, "title", "text", "yes", "no", "cancel", box::Cancel);
 }
 
-/// A section can only be made by a click within a toolkit layout.
+/// A section can only be made by a click within a layout of the kit.
 void paint_widget_fold()
 {
     QWidget window;

@@ -84,7 +84,7 @@ void misuse_layout(int argc, char **argv, const std::string &misuse)
     misuses.at(misuse)(*new layout(&parent, 1, false));
 }
 
-/// The section is in no cell. With any other `misuse` nothing has been clicked either.
+/// The section is in no cell. For a `misuse` not handled here, nothing has been clicked either.
 void misuse_fold(int argc, char **argv, const std::string &misuse)
 {
     const QApplication application(argc, argv);

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// Makes the children of this program wait for KELVRA_EXEC_DELAY milliseconds before they become the
-// program that they are to run, as on a drive that doesn't respond. Overrides execv(3) of the C
-// library.
+// Makes the children of this program wait for KELVRA_EXEC_DELAY milliseconds before they run the
+// program that they were started for, as on a drive that doesn't respond. Overrides execv(3) of the
+// C library.
 
 #include <unistd.h>
 
