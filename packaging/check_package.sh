@@ -4,7 +4,7 @@
 # Checks the Debian package of the last commit: built in two folders, it has the same bytes; lintian
 # finds nothing; its dependencies are the expected ones; and it is hardened as Debian's packages
 # are. Then installs it in a fresh Debian with its dependencies, loads a photo in the installed
-# program, fixes it and undoes the fix, and checks that removing the package leaves nothing.
+# program, fixes it and undoes the fix, and checks that removing the package leaves no files.
 # Installs missing Debian packages first, and says which.
 #
 # usage: packaging/check_package.sh [RELEASE]

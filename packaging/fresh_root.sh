@@ -2,7 +2,7 @@
 # shellcheck shell=sh
 #
 # A release of Debian in a separate root folder, for the scripts that try things on a fresh machine.
-# They have to be run by root. This file is sourced, not run.
+# Those scripts have to be run by root. This file is sourced, not run.
 
 # All users of the root folder have to be able to read what is put there.
 umask 022

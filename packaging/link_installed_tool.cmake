@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 
 # Links the metadata tool into the installed program's folder, under the name by which the program
-# starts it. The path is relative if both are below the prefix, as in a package of the system,
+# starts it. The path is relative if the tool is below the prefix too, as in a Debian package,
 # unless the prefix is the root folder: a folder there may be a link to another place, from which
 # ".." leads astray.
 #

@@ -17,7 +17,7 @@ use FindBin;
 chdir "$FindBin::Bin/.." or die "$!\n";
 
 # A module is a folder, with two exceptions: the metadata tool's sources are in the toolkit's
-# folder, and the cache of its reports is in src.
+# folder, and the cache of its answers is in src.
 my $metadata = qr{^orv_toolkit/orv/(exiftool|tag_catalogue|tag_catalogue_names|tag_map|tag_reply)\.};
 my $cache = qr{^src/exif_cache\.};
 

@@ -1,7 +1,7 @@
 #!/bin/sh
 # SPDX-License-Identifier: GPL-3.0-or-later
 #
-# Installs the missing ones of these sets of Debian packages, and lists them.
+# Installs the Debian packages of these sets that are missing, and lists them.
 #
 # usage: tools/install_packages.sh SET...
 #   build          to build and run Kelvra
@@ -63,7 +63,7 @@ echo "Installing missing Debian packages:$missing"
 as_root=""
 if [ "$(id -u)" -ne 0 ]; then
     as_root=sudo
-    echo "(this asks for your password where sudo needs it)"
+    echo "(sudo may ask for your password)"
 fi
 $as_root apt-get update
 # shellcheck disable=SC2086  # the list is split on purpose

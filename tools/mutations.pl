@@ -72,8 +72,8 @@ sub dropped_statement {
     return [length $indent, length($line) - length($indent) - 1, ';'];
 }
 
-# All changes of a source: [line index, offset, length, replacement] each. Code that is compiled for
-# other systems only stays as it is.
+# All changes of a source: [line index, offset, length, replacement] each. Code that is only for
+# other systems stays unchanged.
 sub changes_of {
     my @lines = @_;
     my @changes;

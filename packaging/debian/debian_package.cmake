@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 
 # The Debian package: its documents, as Debian's policy requires them, and the contents of its
-# control file. Licences that every Debian system has are links to those.
+# control file. Licences that every Debian system has anyway are installed as links to its copies.
 
 function(install_compressed file folder name)
     set(compressed ${CMAKE_CURRENT_BINARY_DIR}/${name}.gz)
