@@ -13,7 +13,7 @@ namespace qor
 struct stack_frame {
     const char *file;      ///< source path as the build gave it
     int line;              ///< source line
-    const char *function;  ///< full signature, as the compiler gives it
+    const char *function;  ///< the function's whole signature
 };
 
 /// The process-wide stack of source locations, printed when the program dies.
