@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "core_test_main.h"
+#include "is_white_space.h"
 #include "orv/tag_reply.h"
 #include "random_trial.h"
-#include "unicode_blanks.h"
 
 using texts = std::vector<std::string>;
 
@@ -82,7 +82,7 @@ tag_map tags_of(const QString &reply, random_trial &trial)
                 tags[name] = utf8(trimmed_text(line.value));
                 trial.note_if(tags[name].empty(), "empty value");
                 trial.note_if(line.equals_signs > 1, "value cut short");
-                trial.note_if(line.value != trimmed_text(line.value), "blanks at its ends");
+                trial.note_if(line.value != trimmed_text(line.value), "spaces at its ends");
                 trial.note_if(line.name.find(u"{ready}") != std::u16string::npos, "marked line");
             }
             trial.note_if(line.equals_signs == 0, "line without an equals sign");
@@ -173,7 +173,7 @@ void test_random_replies::any_reply_is_split_into_tags()
                                                   {"empty value", 50000},
                                                   {"same name again", 50000},
                                                   {"value cut short", 50000},
-                                                  {"blanks at its ends", 50000},
+                                                  {"spaces at its ends", 50000},
                                                   {"marked line", 20000},
                                                   {"line without an equals sign", 500000}});
     QVERIFY2(complaint.isEmpty(), complaint);

@@ -3,8 +3,8 @@
 #include "core/to_int.h"
 #include "core/zone_text.h"
 #include "core_test_main.h"
+#include "is_white_space.h"
 #include "random_trial.h"
-#include "unicode_blanks.h"
 
 #include <cmath>
 #include <cstring>
