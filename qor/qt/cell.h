@@ -72,6 +72,7 @@ public:
     QRect geometry() const override;
     bool isEmpty() const override;
     QWidget *widget() override;
+    /// Returns `background`, as `widget` returns `content`.
     QWidget *background_widget() const;
 
     bool spanned = false;        ///< covered by the span of another cell
