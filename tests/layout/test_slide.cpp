@@ -151,8 +151,8 @@ private slots:
     void moves_the_dialog_and_not_its_owner();
 };
 
-/// A slide that doesn't wait between its steps would end immediately. Only a lower limit is checked,
-/// so a slow computer can't fail this.
+/// A slide that doesn't wait between its steps would end immediately. Only a lower limit is
+/// checked, so a slow computer can't fail this.
 void test_slide::each_step_takes_a_25th_of_a_second()
 {
     constexpr int steps = 3;

@@ -157,8 +157,8 @@ void test_program_setup::tool_tips_appear_after_two_seconds()
     QCOMPARE(hint_of(QStyle::SH_ToolTip_FallAsleepDelay), platform_cooldown_ms);
 }
 
-/// Qt could ask another style for the delay. Only a lower limit is checked, so a slow computer can't
-/// fail this.
+/// Qt could ask another style for the delay. Only a lower limit is checked, so a slow computer
+/// can't fail this.
 void test_program_setup::tool_tip_really_waits_two_seconds()
 {
     install_style();
