@@ -3,7 +3,6 @@
 #include "core_test_main.h"
 #include "isolated_program.h"
 #include "qor/exception.h"
-#include "qor/signal_table.h"
 #include "qor/stacktrace.h"
 #include "qor/trace_scope.h"
 
@@ -23,23 +22,6 @@ program_result die(const QStringList &way)
     return isolated_program(CRASH_PROBE_PROGRAM).run(way);
 }
 
-/// Records what the signal handler was called with.
-class signal_record
-{
-public:
-    signal_record()
-    {
-        stacktrace::instance().on_signal = [this](int new_number, const char *new_name) {
-            number = new_number;
-            name = new_name;
-        };
-    }
-    ~signal_record() { stacktrace::instance().on_signal = stacktrace::print_trace_and_exit; }
-
-    int number = -1;
-    QByteArray name;
-};
-
 }  // namespace
 
 class test_stacktrace : public QObject
@@ -47,22 +29,13 @@ class test_stacktrace : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase();
     void is_one_object();
     void scope_pushes_and_pops();
     void scope_pops_on_an_exception();
     void text_of_an_empty_stack();
     void text_lists_the_newest_frame_first();
     void text_of_given_frames_has_a_signal_line_if_named();
-    void every_signal_of_the_system_has_its_name_data();
-    void every_signal_of_the_system_has_its_name();
-    void signal_runs_its_callable_data();
-    void signal_runs_its_callable();
     void prints_by_default();
-    void handled_signal_ends_with_a_report_data();
-    void handled_signal_ends_with_a_report();
-    void other_signal_is_left_to_the_system_data();
-    void other_signal_is_left_to_the_system();
     void report_has_the_frames_from_the_top();
     void exit_handlers_run_after_a_report();
     void exception_reports_twice_data();
@@ -73,12 +46,6 @@ private slots:
     void uncaught_exception_ends_with_a_report();
     void test_can_survive_by_a_jump();
 };
-
-void test_stacktrace::initTestCase()
-{
-    // A sanitizer would otherwise handle this signal itself, before the system sees it.
-    qputenv("ASAN_OPTIONS", qgetenv("ASAN_OPTIONS") + ":handle_sigbus=0");
-}
 
 void test_stacktrace::is_one_object()
 {
@@ -142,106 +109,12 @@ void test_stacktrace::text_of_given_frames_has_a_signal_line_if_named()
     QCOMPARE(stacktrace::trace_text({}, "SIGINT"), head + "Stacktrace is empty\n");
 }
 
-void test_stacktrace::every_signal_of_the_system_has_its_name_data()
-{
-    QTest::addColumn<int>("number");
-    QTest::addColumn<QByteArray>("name");
-    const struct {
-        int number;
-        const char *name;
-    } signal_rows[] = {{0, "UNKNOWN"},           {SIGHUP, "SIGHUP"},   {SIGINT, "SIGINT"},
-                       {SIGQUIT, "SIGQUIT"},     {SIGILL, "SIGILL"},   {SIGTRAP, "SIGTRAP"},
-                       {SIGABRT, "SIGABRT"},     {SIGBUS, "SIGBUS"},   {SIGFPE, "SIGFPE"},
-                       {SIGKILL, "SIGKILL"},     {SIGUSR1, "SIGUSR1"}, {SIGSEGV, "SIGSEGV"},
-                       {SIGUSR2, "SIGUSR2"},     {SIGPIPE, "SIGPIPE"}, {SIGALRM, "SIGALRM"},
-                       {SIGTERM, "SIGTERM"},     {SIGCHLD, "SIGCHLD"}, {SIGCONT, "SIGCONT"},
-                       {SIGSTOP, "SIGSTOP"},     {SIGTSTP, "SIGTSTP"}, {SIGTTIN, "SIGTTIN"},
-                       {SIGTTOU, "SIGTTOU"},     {SIGSYS, "SIGSYS"},   {SIGSTKFLT, "SIGSTKFLT"},
-                       {SIGURG, "SIGURG"},       {SIGXCPU, "SIGXCPU"}, {SIGXFSZ, "SIGXFSZ"},
-                       {SIGVTALRM, "SIGVTALRM"}, {SIGPROF, "SIGPROF"}, {SIGWINCH, "SIGWINCH"},
-                       {SIGIO, "SIGIO"},         {SIGPWR, "SIGPWR"}};
-    for (const auto &row : signal_rows)
-        QTest::newRow(row.name) << row.number << QByteArray(row.name);
-}
-
-void test_stacktrace::every_signal_of_the_system_has_its_name()
-{
-    QFETCH(int, number);
-    QFETCH(QByteArray, name);
-    QCOMPARE(QByteArray(qor::signal_names[number]), name);
-}
-
-void test_stacktrace::signal_runs_its_callable_data()
-{
-    QTest::addColumn<int>("number");
-    QTest::addColumn<int>("reported");
-    QTest::addColumn<QByteArray>("name");
-    QTest::newRow("named") << SIGTERM << SIGTERM << QByteArray("SIGTERM");
-    QTest::newRow("never installed, but named") << SIGHUP << SIGHUP << QByteArray("SIGHUP");
-    QTest::newRow("zero") << 0 << 0 << QByteArray("UNKNOWN");
-    QTest::newRow("last below the bound keeps its number") << 184 << 184 << QByteArray("UNKNOWN");
-    QTest::newRow("bound is replaced") << 185 << 0 << QByteArray("UNKNOWN");
-    QTest::newRow("far above is replaced") << 100000 << 0 << QByteArray("UNKNOWN");
-}
-
-void test_stacktrace::signal_runs_its_callable()
-{
-    QFETCH(int, number);
-    const signal_record record;
-    stacktrace::signal_handler(number);
-    QTEST(record.number, "reported");
-    QTEST(record.name, "name");
-}
-
 void test_stacktrace::prints_by_default()
 {
     using handler = void (*)(int, const char *);
     const auto *target = stacktrace::instance().on_signal.target<handler>();
     QVERIFY(target);
     QVERIFY(*target == stacktrace::print_trace_and_exit);
-}
-
-void test_stacktrace::handled_signal_ends_with_a_report_data()
-{
-    QTest::addColumn<int>("number");
-    QTest::addColumn<QByteArray>("name");
-    QTest::newRow("SIGABRT") << SIGABRT << QByteArray("SIGABRT");
-    QTest::newRow("SIGFPE") << SIGFPE << QByteArray("SIGFPE");
-    QTest::newRow("SIGILL") << SIGILL << QByteArray("SIGILL");
-    QTest::newRow("SIGINT") << SIGINT << QByteArray("SIGINT");
-    QTest::newRow("SIGSEGV") << SIGSEGV << QByteArray("SIGSEGV");
-    QTest::newRow("SIGTERM") << SIGTERM << QByteArray("SIGTERM");
-}
-
-void test_stacktrace::handled_signal_ends_with_a_report()
-{
-    QFETCH(int, number);
-    QFETCH(QByteArray, name);
-    const program_result result = die({"signal", QString::number(number)});
-    QCOMPARE(result.status, failed_status);
-    QCOMPARE(result.errors, "ERROR: received signal " + name + "\nStacktrace is empty\n\n");
-    QCOMPARE(result.output, QByteArray());
-}
-
-void test_stacktrace::other_signal_is_left_to_the_system_data()
-{
-    QTest::addColumn<int>("number");
-    QTest::newRow("SIGHUP") << SIGHUP;
-    QTest::newRow("SIGQUIT") << SIGQUIT;
-    QTest::newRow("SIGTRAP") << SIGTRAP;
-    QTest::newRow("SIGBUS") << SIGBUS;
-    QTest::newRow("SIGSYS") << SIGSYS;
-    QTest::newRow("SIGPIPE") << SIGPIPE;
-    QTest::newRow("SIGALRM") << SIGALRM;
-}
-
-void test_stacktrace::other_signal_is_left_to_the_system()
-{
-    QFETCH(int, number);
-    const program_result result = die({"signal", QString::number(number)});
-    QVERIFY(!result.timed_out);
-    QCOMPARE(result.status, -1);
-    QCOMPARE(result.errors, QByteArray());
 }
 
 void test_stacktrace::report_has_the_frames_from_the_top()
