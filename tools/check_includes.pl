@@ -47,7 +47,7 @@ my %allowed = (
     'tests/program' => \@support,
     'tests/random' => \@support,
     'tests/support' => \@support,
-    'tests/support/programs' => \@program,
+    'tests/support/programs' => \@support,
     'tests/demo' => \@support,
 );
 

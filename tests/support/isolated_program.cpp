@@ -9,7 +9,18 @@
 #include <QFileInfo>
 #include <QProcess>
 
-#include <unistd.h>
+#include <filesystem>
+
+namespace
+{
+
+/// On Windows, standard streams have "\r\n" at the end of each line.
+QByteArray with_plain_line_ends(QByteArray bytes)
+{
+    return bytes.replace("\r\n", "\n");
+}
+
+}  // namespace
 
 // On the disk of the build, so that big programs can be linked instead of copied.
 isolated_program::isolated_program(const QString &source)
@@ -46,15 +57,16 @@ program_result isolated_program::run(const QStringList &arguments, int limit_ms)
     } else if (process.exitStatus() == QProcess::NormalExit) {
         result.status = process.exitCode();
     }
-    result.output = process.readAllStandardOutput();
-    result.errors = process.readAllStandardError();
+    result.output = with_plain_line_ends(process.readAllStandardOutput());
+    result.errors = with_plain_line_ends(process.readAllStandardError());
     return result;
 }
 
 /// Makes a hard link if possible, since a program finds its folder by the name it was run with.
 void isolated_program::place(const QString &source, const QString &target) const
 {
-    if (link(QFile::encodeName(source), QFile::encodeName(target)) != 0 &&
-        !QFile::copy(source, target))
+    std::error_code error;
+    std::filesystem::create_hard_link(source.toStdWString(), target.toStdWString(), error);
+    if (error && !QFile::copy(source, target))
         qFatal("can't place %s", qPrintable(target));
 }

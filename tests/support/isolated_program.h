@@ -7,14 +7,19 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
-/// The exit status of a program that ended with -1: the system keeps eight bits of it (exit(3)).
+/// The exit status of a program that ended with -1: Linux keeps eight bits of it (exit(3)), Windows
+/// all.
+#ifdef Q_OS_WIN
+constexpr int failed_status = -1;
+#else
 constexpr int failed_status = 255;
+#endif
 
 /// The outcome of a program's run.
 struct program_result {
     int status = -1;  ///< exit status; -1 if it was killed or died from a signal
     bool timed_out = false;
-    QByteArray output;
+    QByteArray output;  ///< with "\n" at the end of each line
     QByteArray errors;
 };
 

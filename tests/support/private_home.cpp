@@ -16,13 +16,19 @@ private_home::private_home()
                   {"XDG_DATA_HOME", "data"},
                   {"XDG_CACHE_HOME", "cache"},
                   {"XDG_RUNTIME_DIR", "runtime"},
-                  {"TMPDIR", "tmp"}};
+                  {"TMPDIR", "tmp"},
+                  {"USERPROFILE", "home"},  // this one and the next are for Windows
+                  {"TMP", "tmp"}};
     for (const auto &place : places) {
         QDir(folder.path()).mkdir(place.name);
         qputenv(place.variable, QFile::encodeName(folder.filePath(place.name)));
     }
     QFile::setPermissions(folder.filePath("runtime"),
                           QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+#ifdef Q_OS_WIN
+    // The registry can't be moved.
+    QSettings::setDefaultFormat(QSettings::IniFormat);
+#endif
     const QString config = folder.filePath("config");
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, config);
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, config);

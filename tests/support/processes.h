@@ -49,7 +49,8 @@ inline QList<qint64> children_of(qint64 id)
     return children;
 }
 
-/// Kills the process and those it has started: a tool keeps running when its program is gone.
+/// Kills the process and, except on Windows, those it has started: a tool keeps running when its
+/// program is gone.
 inline void kill_with_children(QProcess &process)
 {
     if (process.state() == QProcess::NotRunning)
@@ -57,6 +58,8 @@ inline void kill_with_children(QProcess &process)
     const QList<qint64> children = children_of(process.processId());
     process.kill();
     process.waitForFinished();
+#ifdef Q_OS_UNIX
     for (const qint64 child : children)
         kill(static_cast<pid_t>(child), SIGKILL);
+#endif
 }

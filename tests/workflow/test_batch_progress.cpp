@@ -166,7 +166,7 @@ void test_batch_progress::step_is_painted_before_the_program_waits_for_events()
     progress->start(dialog, steps);
     progress->step(1, steps);
     QEventLoop loop;
-    QTimer::singleShot(0, &loop, [&] { QTimer::singleShot(1, &loop, &QEventLoop::quit); });
+    QTimer::singleShot(0, &loop, [&] { QTimer::singleShot(50, &loop, &QEventLoop::quit); });
     loop.exec();
     QCOMPARE(painted->values, QList<int>({0, 1}));
 }

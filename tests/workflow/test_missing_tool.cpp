@@ -10,6 +10,8 @@
 
 #include <QTemporaryDir>
 
+#include <filesystem>
+
 /// The window without the metadata tool beside the program.
 class test_missing_tool : public QObject
 {
@@ -55,6 +57,8 @@ QString test_missing_tool::make_photo(const QString &name)
 /// The tool is reported missing once, and only on the standard streams.
 void test_missing_tool::first_photo_reports_the_missing_tool()
 {
+    const std::filesystem::path folder = QCoreApplication::applicationDirPath().toStdString();
+    const std::filesystem::path tool = folder / "exiftool.exe";
     const QString path = make_photo("a.jpg");
     const box_answers answers;
     const captured_output output;
@@ -62,8 +66,7 @@ void test_missing_tool::first_photo_reports_the_missing_tool()
     drop_photos(*window, {path, make_photo("b.jpg")});
     drop_photos(*window, {make_photo("c.jpg")});
     QCOMPARE(output.text(), tool_lines::not_started);
-    QCOMPARE(errors.text(),
-             tool_lines::missing(QCoreApplication::applicationDirPath() + "/exiftool.exe"));
+    QCOMPARE(errors.text(), tool_lines::missing(QString::fromStdString(tool.string())));
     QCOMPARE(answers.boxes.size(), 0);
 }
 

@@ -3,13 +3,13 @@
 // A scripted stand-in for the metadata tool. It records every byte that it receives and answers as
 // the files in the folder named by KELVRA_STAND_IN say; scripted_tool.h describes these files.
 
-#include <fcntl.h>
 #include <unistd.h>
 
 #include <chrono>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <map>
 #include <sstream>
@@ -24,34 +24,27 @@ std::string folder;
 
 bool exists(const std::string &path)
 {
-    return access(path.c_str(), F_OK) == 0;
+    return std::filesystem::exists(std::filesystem::u8path(path));
 }
 
 std::string contents(const std::string &path)
 {
-    std::ifstream file(path, std::ios::binary);
+    std::ifstream file(std::filesystem::u8path(path), std::ios::binary);
     std::ostringstream text;
     text << file.rdbuf();
     return text.str();
 }
 
-void write_all(int descriptor, const std::string &bytes)
+void write_all(std::FILE *stream, const std::string &bytes)
 {
-    std::size_t done = 0;
-    while (done < bytes.size()) {
-        const ssize_t count = write(descriptor, bytes.data() + done, bytes.size() - done);
-        if (count <= 0)
-            std::exit(1);
-        done += static_cast<std::size_t>(count);
-    }
+    if (std::fwrite(bytes.data(), 1, bytes.size(), stream) != bytes.size() ||
+        std::fflush(stream) != 0)
+        std::exit(1);
 }
 
 void append(const std::string &name, const std::string &bytes)
 {
-    const int file =
-        open((folder + "/" + name).c_str(), O_WRONLY | O_CREAT | O_APPEND, S_IRUSR | S_IWUSR);
-    write_all(file, bytes);
-    close(file);
+    std::ofstream(folder + "/" + name, std::ios::binary | std::ios::app) << bytes;
 }
 
 /// `text` with \n, \r, \t, \0, \\ and \xHH replaced by the characters they mean.
@@ -77,7 +70,7 @@ std::string unescaped(const std::string &text)
 void await(const std::string &name)
 {
     const std::string path = folder + "/" + name;
-    while (unlink(path.c_str()) != 0)
+    while (std::remove(path.c_str()) != 0)
         std::this_thread::sleep_for(std::chrono::milliseconds(5));
 }
 
@@ -110,7 +103,7 @@ void answer(const std::vector<std::string> &request)
         reply = "    0 image files updated\n    1 files weren't updated due to errors\n";
     else
         reply = "    1 image files updated\n";
-    write_all(STDOUT_FILENO, reply + "{ready}\n");
+    write_all(stdout, reply + "{ready}\n");
 }
 
 void run_action(const std::string &line, const std::vector<std::string> &request)
@@ -119,13 +112,13 @@ void run_action(const std::string &line, const std::vector<std::string> &request
     const std::string verb = line.substr(0, space);
     const std::string rest = space == std::string::npos ? "" : line.substr(space + 1);
     if (verb == "out")
-        write_all(STDOUT_FILENO, unescaped(rest));
+        write_all(stdout, unescaped(rest));
     else if (verb == "err")
-        write_all(STDERR_FILENO, unescaped(rest));
+        write_all(stderr, unescaped(rest));
     else if (verb == "fill")
-        write_all(STDOUT_FILENO, std::string(std::stoul(rest), 'x'));
+        write_all(stdout, std::string(std::stoul(rest), 'x'));
     else if (verb == "fill_err")
-        write_all(STDERR_FILENO, std::string(std::stoul(rest), 'x'));
+        write_all(stderr, std::string(std::stoul(rest), 'x'));
     else if (verb == "wait")
         std::this_thread::sleep_for(std::chrono::milliseconds(std::stoi(rest)));
     else if (verb == "touch")
@@ -140,7 +133,7 @@ void run_action(const std::string &line, const std::vector<std::string> &request
         std::_Exit(std::stoi(rest));
     else if (verb == "hang")
         for (;;)
-            pause();
+            std::this_thread::sleep_for(std::chrono::hours(1));
     else
         append("unknown_actions", line + "\n");
 }
@@ -159,7 +152,7 @@ void serve(const std::vector<std::string> &request, int number)
     const std::string numbered = folder + "/script/" + std::to_string(number);
     if (exists(next)) {
         const std::string script = contents(next);
-        unlink(next.c_str());
+        std::remove(next.c_str());
         run_script(script, request);
     } else if (exists(numbered)) {
         run_script(contents(numbered), request);
