@@ -11,6 +11,7 @@
 #include <QLibraryInfo>
 #include <QPalette>
 #include <QString>
+#include <QTextCodec>
 #include <QTranslator>
 
 namespace
@@ -61,9 +62,17 @@ void set_identity()
     QCoreApplication::setApplicationVersion("2.0.2");
 }
 
+void set_name_encoding()
+{
+#ifdef Q_OS_WIN
+    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+#endif
+}
+
 void prepare_application()
 {
     set_identity();
+    set_name_encoding();
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling, true);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps, true);
     // Nothing here is drawn with OpenGL; its drivers would double the memory use.

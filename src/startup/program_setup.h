@@ -8,7 +8,12 @@ class QString;
 /// object.
 void set_identity();
 
-/// Sets the names, and how Qt draws. Requires: no application object exists yet.
+/// Makes UTF-8 the encoding in which names go to the metadata tool, whatever the code page: a
+/// character that the code page lacks would become "?", which the tool takes for a pattern. Has no
+/// effect except on Windows; elsewhere the locale decides.
+void set_name_encoding();
+
+/// Sets the names, their encoding, and how Qt draws. Requires: no application object exists yet.
 void prepare_application();
 
 /// Gives the application a style that shows tool tips after two seconds, and dark colours for

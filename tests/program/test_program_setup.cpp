@@ -14,6 +14,7 @@
 #include <QSettings>
 #include <QStyle>
 #include <QTemporaryDir>
+#include <QTextCodec>
 #include <QToolTip>
 
 namespace
@@ -106,6 +107,7 @@ class test_program_setup : public QObject
 private slots:
     void init() { clear_settings(); }
     void settings_are_stored_under_the_programs_name();
+    void names_are_encoded_in_utf8();
     void tool_tips_appear_after_two_seconds_data();
     void tool_tips_appear_after_two_seconds();
     void tool_tip_really_waits_two_seconds();
@@ -136,6 +138,15 @@ void test_program_setup::settings_are_stored_under_the_programs_name()
     const QSettings settings;
     QCOMPARE(settings.organizationName(), QString("Vorrin"));
     QCOMPARE(settings.applicationName(), QString("Kelvra"));
+}
+
+/// Without the program's set-up, the code page decides on Windows.
+void test_program_setup::names_are_encoded_in_utf8()
+{
+    QTextCodec::setCodecForLocale(nullptr);
+    set_name_encoding();
+    const QString name = QString::fromUtf8("\xc3\xa4 \xd0\x96 \xe6\x97\xa5 \xf0\x9f\x98\x80.jpg");
+    QCOMPARE(name.toLocal8Bit(), name.toUtf8());
 }
 
 void test_program_setup::tool_tips_appear_after_two_seconds_data()
