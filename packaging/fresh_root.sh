@@ -7,8 +7,7 @@
 # All users of the root folder have to be able to read what is put there.
 umask 022
 
-debian_mirror=${DEBIAN_MIRROR:-http://deb.debian.org/debian}
-security_mirror=${DEBIAN_SECURITY_MIRROR:-http://deb.debian.org/debian-security}
+. packaging/mirrors.sh
 
 # Makes the folder $1 a root folder of the release $3 (by default bookworm) with as few packages as
 # possible, plus the packages $2 (separated by commas).

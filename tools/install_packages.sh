@@ -12,6 +12,9 @@
 #   bench          to measure speed and memory; needs build too
 #   package        to make the Debian package; needs build too
 #   check_package  to check that package; needs build and package too
+#   windows        to make the Windows package; needs build too
+#   check_windows  to check that package; needs build and windows too
+#   npm            to fetch from the npm registry
 #   roots          to try things in a new Debian root
 #   lint           to check the sources; needs build and artwork too
 #   artwork        to render the pictures from their sources
@@ -26,6 +29,8 @@ coverage_packages="gcovr"
 bench_packages="libbenchmark-dev xauth xvfb"
 package_packages="dpkg-dev file git"
 check_package_packages="lintian"
+windows_packages="dpkg-dev g++-mingw-w64-x86-64-posix icoutils make nsis perl python3 unzip zip"
+check_windows_packages="imagemagick locales openbox wine wine64 x11-utils xauth xdotool xvfb"
 root_packages="debootstrap git mount util-linux"
 lint_packages="appstream clang-format clang-tidy clazy desktop-file-utils git perl shellcheck"
 artwork_packages="fonts-freefont-ttf librsvg2-bin"
@@ -45,6 +50,9 @@ for set in "$@"; do
     bench) packages=$bench_packages ;;
     package) packages=$package_packages ;;
     check_package) packages=$check_package_packages ;;
+    windows) packages=$windows_packages ;;
+    check_windows) packages=$check_windows_packages ;;
+    npm) packages=npm ;;
     roots) packages=$root_packages ;;
     lint) packages=$lint_packages ;;
     artwork) packages=$artwork_packages ;;
