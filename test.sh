@@ -8,13 +8,14 @@
 #        ./test.sh clang     the tests, built with clang
 #        ./test.sh coverage  the tests, and which lines and branches of the program they run; writes
 #                            a page for each source to build/coverage/report
+#        ./test.sh windows   the tests that can be built for Windows, under Wine
 #        ./test.sh soak      5,000 photos loaded, fixed and undone three times in one process
 set -eu
 cd "$(dirname "$0")"
 
 tests=${1:-release}
 case $tests in
-release | clang | asan | coverage) preset=$tests ;;
+release | clang | asan | coverage | windows) preset=$tests ;;
 soak) preset=release ;;
 *)
     sed -n '4,/^set/s/^# \{0,1\}//p' "$0" >&2
@@ -24,8 +25,19 @@ esac
 
 tools/install_packages.sh build test
 [ "$tests" != clang ] || tools/install_packages.sh clang
+if [ "$tests" = windows ]; then
+    tools/install_packages.sh windows check_windows
+    packaging/windows/build_qt.sh
+    packaging/windows/fetch_tool.sh
+    packaging/windows/run_in_wine.sh wineboot --init
+    trap 'WINEPREFIX="$PWD/build/windows_parts/wine" wineserver --kill' EXIT
+fi
 cmake --preset "$preset"
 cmake --build --preset "$preset"
+if [ "$tests" = windows ]; then
+    ctest --preset windows
+    exit
+fi
 [ "$tests" = coverage ] || exec ctest --preset "$tests"
 
 tools/install_packages.sh coverage
