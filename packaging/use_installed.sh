@@ -57,7 +57,7 @@ sleep 2
 
 type_shift 0 Tab Tab Tab 1
 point_at_fix
-xdotool click 1
+click_mouse
 wait_until has_both_times "2026:08:14 16:10:21"
 echo "fixed: $(exiftool -s3 -ExifIFD:DateTimeOriginal "$photo")"
 wait_until is_active "$main"

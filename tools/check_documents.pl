@@ -35,6 +35,8 @@ my $variable = qr/\$\(.*?\)|\$\{.*?\}|\$[\w@#]+/;
 # Names that are in no source, and why a document may use them.
 my %foreign = (
     'kelvra_help_en.html' => 'what the program writes, from kelvra_help_%1.html',
+    'HKEY_CURRENT_USER\Software\Vorrin\Kelvra' => 'where Qt keeps settings on Windows',
+    '~/.cache/kelvra' => 'the default of "cache" in packaging/windows/sources.sh',
     'man kelvra' => 'shows packaging/man/kelvra.1 once it is installed',
 );
 

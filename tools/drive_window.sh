@@ -102,9 +102,14 @@ point_at() {
     sleep 0.3
 }
 
+# Under Wine, a click without a pause between press and release may be lost.
+click_mouse() {
+    xdotool mousedown 1 sleep 0.1 mouseup 1
+}
+
 click() {
     point_at "$@"
-    xdotool click 1
+    click_mouse
 }
 
 move_mouse_away() {
@@ -119,6 +124,7 @@ resize_main() {
 
 click_settings() { click "$main" 22 15; }
 click_about() { click "$main" -50 15; }
+click_help() { click "$main" -22 15; }
 click_load() { click "$main" 137 139; }
 click_undo() { click "$main" 447 63; }
 point_at_fix() { point_at "$main" 360 63; }

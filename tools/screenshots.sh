@@ -152,7 +152,7 @@ shoot_photos() {
 shoot_warnings() {
     type_shift -1
     point_at_fix
-    xdotool click 1
+    click_mouse
     find_dialog_over "$main"
     take warning_zone "$dialog"
     zone_warning=$dialog
@@ -166,7 +166,7 @@ shoot_failure() {
     rm "$photos/holiday/P1080318.JPG" "$photos/holiday/P1080320.JPG"
     type_shift 0 Tab Tab Tab Tab Tab Tab 2
     point_at_fix
-    xdotool click 1
+    click_mouse
     sleep 1
     find_dialog_over "$main"
     take failure "$dialog"
@@ -203,7 +203,7 @@ shoot_batches() {
     take_batch loading
     type_shift 0 Tab Tab Tab 1
     point_at_fix
-    xdotool click 1
+    click_mouse
     take_batch fixing
 }
 
@@ -215,7 +215,7 @@ shoot_many_failures() {
     wait_until is_active "$main"
     rm "$photos/many/"*.JPG
     point_at_fix
-    xdotool click 1
+    click_mouse
     sleep 2
     find_dialog_over "$main"
     take failure_many "$dialog"
