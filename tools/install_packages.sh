@@ -5,8 +5,11 @@
 #
 # usage: tools/install_packages.sh SET...
 #   build          to build and run Kelvra
+#   manual         to make the manual; needs build too
 #   test           to run its tests and the virtual displays; needs build too
 #   screenshots    to take the pictures of its screens; needs build too
+#   browser        to follow the links of the help page; needs build too
+#   film           to record the introduction to watch; needs build too
 #   clang          the second compiler for Kelvra and its tests
 #   coverage       to count the lines that the tests run; needs build and test too
 #   bench          to measure speed and memory; needs build too
@@ -22,8 +25,13 @@ set -eu
 
 build_packages="cmake g++ ninja-build qtbase5-dev qttools5-dev qttools5-dev-tools
     libimage-exiftool-perl qttranslations5-l10n fonts-freefont-ttf"
+manual_packages="pandoc weasyprint"
 test_packages="git libxml2-utils openbox tzdata w3c-sgml-lib x11-utils xauth xdotool xvfb"
 screenshot_packages="imagemagick openbox procps x11-utils xauth xdotool xvfb"
+browser_packages="chromium chromium-driver imagemagick openbox python3-selenium x11-utils xauth
+    xdotool xvfb"
+film_packages="dmz-cursor-theme ffmpeg imagemagick libimage-exiftool-perl locales openbox pcmanfm
+    util-linux x11-utils x11-xserver-utils xauth xdotool xvfb"
 clang_packages="clang"
 coverage_packages="gcovr"
 bench_packages="libbenchmark-dev xauth xvfb"
@@ -43,8 +51,11 @@ missing=""
 for set in "$@"; do
     case $set in
     build) packages=$build_packages ;;
+    manual) packages=$manual_packages ;;
     test) packages=$test_packages ;;
     screenshots) packages=$screenshot_packages ;;
+    browser) packages=$browser_packages ;;
+    film) packages=$film_packages ;;
     clang) packages=$clang_packages ;;
     coverage) packages=$coverage_packages ;;
     bench) packages=$bench_packages ;;
