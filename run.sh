@@ -27,12 +27,12 @@ build() {
 
 case $what in
 program)
-    tools/install_packages.sh build
+    tools/install_packages.sh build manual
     build kelvra
     exec build/release/bin/kelvra
     ;;
 demo)
-    tools/install_packages.sh build test
+    tools/install_packages.sh build manual test
     build kelvra_demo
     if has_display; then
         exec build/release/tests/demo/kelvra_demo build/demo

@@ -24,6 +24,9 @@ soak) preset=release ;;
 esac
 
 tools/install_packages.sh build test
+case $preset in
+release | windows) tools/install_packages.sh manual ;;
+esac
 [ "$tests" != clang ] || tools/install_packages.sh clang
 if [ "$tests" = windows ]; then
     tools/install_packages.sh windows check_windows

@@ -11,7 +11,7 @@
 set -eu
 cd "$(dirname "$0")/.."
 
-tools/install_packages.sh build package
+tools/install_packages.sh build manual package
 
 if [ "$(git rev-parse --show-toplevel)" != "$(pwd -P)" ] ||
     [ "$(git rev-parse --is-shallow-repository)" = true ]; then

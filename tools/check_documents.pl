@@ -15,6 +15,10 @@
 #             these run. Words in capitals match anything, and so do variables in a script.
 #   Versions  are the project's version.
 #
+# In the manuals, text between backticks is what the program shows or prints in the manual's
+# language, with "…" for each part that differs, and each line that the program prints is there.
+# Their commands are run by the test "manual".
+#
 # Exits with 1 if anything is wrong.
 use strict;
 use warnings;
@@ -25,6 +29,7 @@ use FindBin;
 chdir "$FindBin::Bin/.." or die "$!\n";
 
 my @documents = ('README.md', 'CONTRIBUTING.md', 'CHANGELOG.md', sort glob 'docs/*.md');
+my @manuals = map { "docs/manual/manual_$_.md" } qw(en de);
 my @entries = ('.ci/run', '.ci/long');
 my $source =
     qr/\.(cpp|h|inc|in|txt|cmake|json|args|supp|sh|pl|ts|html|theme|1|xml|desktop)$|^[^.]+$/;
@@ -108,11 +113,18 @@ sub lines_of_document {
     return @lines;
 }
 
+sub without_blocks {
+    return $_[0] =~ s/^\s*```.*?^\s*```$//gmsr;
+}
+
 # The anchors of a document's headings, as links use them.
 sub anchors_of {
     my ($document) = @_;
-    my $prose = text_of($document) =~ s/^\s*```.*?^\s*```$//gmsr;
-    return map { lc($_) =~ s/[^\w -]//gr =~ tr/ /-/r => 1 } $prose =~ /^#+ (.*)/mg;
+    my $prose = without_blocks(text_of($document));
+    utf8::decode($prose);
+    my @anchors = map { lc($_) =~ s/[^\w -]//gr =~ tr/ /-/r } $prose =~ /^#+ (.*)/mg;
+    utf8::encode($_) for @anchors;
+    return map { $_ => 1 } @anchors;
 }
 
 sub check_link {
@@ -320,6 +332,78 @@ sub check_document {
     }
 }
 
+# --- Manuals ----------------------------------------------------------------------------------
+
+sub unescaped {
+    my %characters = (n => "\n", t => "\t");
+    return $_[0] =~ s/\\(.)/$characters{$1} || $1/ger;
+}
+
+my $literal = qr/"((?:[^"\\\n]|\\.)*)"/;
+
+# The program's sources, with literals in one piece.
+sub code_of_program {
+    my $code = join "\n", map { $text_of_source{$_} }
+        grep { m{^(src|orv_toolkit|qor)/.*\.(cpp|h)$} } keys %text_of_source;
+    return $code =~ s/"\s*\n\s*"//gr;
+}
+
+sub literals_of_program {
+    return map { unescaped($_) } code_of_program() =~ /$literal/g;
+}
+
+# Pairs of an English text and its translation.
+sub translations {
+    my %entities = (quot => '"', apos => "'", amp => '&', lt => '<', gt => '>');
+    return map { s/&(\w+);/$entities{$1}/gr }
+        map { text_of($_) =~ m{<source>(.*?)</source>\s*<translation>(.*?)</translation>}gs }
+        glob 'resources/translations/*.ts';
+}
+
+# What the program shows or prints in the language.
+sub texts_of_program {
+    my ($language) = @_;
+    my @texts = literals_of_program();
+    return @texts if $language eq 'en';
+    my %translated = translations();
+    return ((grep { !exists $translated{$_} } @texts), values %translated);
+}
+
+# Texts that look like the program's in a manual but don't come from its sources: the examples of
+# what they look like, and the button of Qt's boxes.
+my @foreign_texts = ('like this', 'so', 'OK');
+
+sub check_messages {
+    my ($manual, $prose, @texts) = @_;
+    my $pool = join "\0", map { tr/\n/ /r } @texts, @foreign_texts;
+    my @spans = $prose =~ tr/\n/ /r =~ /(``.*?``|`[^`]+`)/g;
+    for my $span (@spans) {
+        my $message = $span =~ s/^``? ?| ?``?$//gr;
+        for my $part (grep { /\w/ } split /\s*…\s*/, $message) {
+            fail($manual, "the program has no text \"$part\"") if index($pool, $part) < 0;
+        }
+    }
+}
+
+# Each line that the program prints has to be in the manual, up to its first variable part.
+sub check_printed_lines {
+    my ($manual, $text) = @_;
+    my @printed = code_of_program() =~ /(?:print_line\(|std::c(?:out|err)\s*<< )$literal/g;
+    for my $line (grep { /\w/ } map { unescaped($_) } @printed) {
+        fail($manual, "the line \"$line\" is missing") if index($text, $line) < 0;
+    }
+}
+
+sub check_manual {
+    my ($manual) = @_;
+    my ($language) = $manual =~ /_(\w+)\.md$/;
+    my $text = text_of($manual);
+    my $prose = without_blocks($text);
+    check_link($manual, $manual, $1) while $prose =~ /\]\(([^)\s]+)\)/g;
+    check_messages($manual, $prose, texts_of_program($language));
+    check_printed_lines($manual, $text);
+}
+
 sub check_newest_change {
     my ($newest) = text_of('CHANGELOG.md') =~ /^## \[([\d.]+)\]/m;
     fail('CHANGELOG.md:1', "the newest version isn't $version") if ($newest || '') ne $version;
@@ -334,8 +418,9 @@ for my $entry (@entries) {
     }
 }
 check_document($_) for @documents;
+check_manual($_) for @manuals;
 check_newest_change();
 fail('tools/check_documents.pl', "`$_` is in a list here but in no document")
     for grep { !$used{$_} } sort keys %foreign, keys %run_otherwise;
-print scalar(@documents), " documents agree with the tree\n" unless $failures;
+print @documents + @manuals, " documents agree with the tree\n" unless $failures;
 exit($failures ? 1 : 0);

@@ -283,7 +283,7 @@ if [ "${1:-}" = --under-display ]; then
 fi
 
 cd "$tree"
-tools/install_packages.sh build screenshots
+tools/install_packages.sh build manual screenshots
 cmake --preset release
 cmake --build --preset release --target kelvra
 for language in en de; do

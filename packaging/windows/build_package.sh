@@ -12,7 +12,7 @@
 set -eu
 cd "$(dirname "$0")/../.."
 
-tools/install_packages.sh build windows
+tools/install_packages.sh build manual windows
 packaging/windows/build_qt.sh
 packaging/windows/fetch_tool.sh
 
