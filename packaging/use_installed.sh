@@ -2,8 +2,9 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 #
 # Uses the installed program as a user does, with keys and the mouse: loads a photo, moves its time
-# by an hour, undoes that, and closes the window. Ends with an error if the photo doesn't get the
-# expected times, or doesn't have its original tags at the end.
+# by an hour, undoes that, opens the help page, and closes the window. Ends with an error if the photo
+# doesn't get the expected times, or doesn't have its original tags at the end, or if a link of the
+# help page leads nowhere.
 #
 # usage: packaging/use_installed.sh
 #
@@ -39,6 +40,18 @@ has_both_times() {
 $1" ]
 }
 
+# Fails unless both links of the help page lead to files.
+check_help_page() {
+    addresses=$(sed -n 's/.*href="\([^"]*\)".*/\1/p' "$1")
+    [ "$(echo "$addresses" | wc -l)" -eq 2 ]
+    for address in $addresses; do
+        [ -s "${address#file://}" ] || {
+            echo "the help page leads to $address, which isn't there" >&2
+            exit 1
+        }
+    done
+}
+
 picture_of_failure() {
     all_tags >&2
 }
@@ -68,6 +81,12 @@ wait_until has_both_times "2026:08:14 15:10:21"
 echo "undone: $(exiftool -s3 -ExifIFD:DateTimeOriginal "$photo")"
 wait_until is_active "$main"
 sleep 0.5
+
+help_page=${TMPDIR:-/tmp}/kelvra_help_en.html
+click_help
+wait_until test -s "$help_page"
+check_help_page "$help_page"
+echo "the help page leads to: $addresses"
 
 xdotool key alt+F4
 wait "$program"

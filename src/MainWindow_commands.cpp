@@ -35,12 +35,15 @@ void centre_over(const QWidget &window, QDialog &dialog)
         dialog.setGeometry(place);
 }
 
-/// The help page of a language; empty if there is none.
+/// The help page of a language; empty if there is none. Links to "program:" lead to the program's
+/// folder.
 QString help_page(const QString &language)
 {
     QFile page(QString(help_resource).arg(language));
     (void)page.open(QIODevice::ReadOnly);
-    return QString::fromUtf8(page.readAll().constData());
+    const QUrl folder = QUrl::fromLocalFile(QCoreApplication::applicationDirPath() + "/");
+    return QString::fromUtf8(page.readAll().constData())
+        .replace("href=\"program:", "href=\"" + folder.toString(QUrl::FullyEncoded));
 }
 
 /// Writes the page to the temporary folder, overwriting that of an earlier call; returns its path.

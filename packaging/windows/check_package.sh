@@ -89,6 +89,7 @@ check_program() {
 
 check_contents() {
     for file in kelvra.exe exiftool.exe exiftool_files/perl.exe .ExifTool_config qt.conf \
+        help/introduction_de.webm help/introduction_en.webm help/manual_de.pdf help/manual_en.pdf \
         plugins/platforms/qwindows.dll translations/qt_de.qm sources.txt changes.txt \
         licenses/GPL-3.txt licenses/LGPL-3.txt licenses/FreeSans.txt licenses/Qt.txt \
         licenses/ExifTool.txt licenses/Perl.txt licenses/GCC.txt licenses/MinGW-w64.txt; do

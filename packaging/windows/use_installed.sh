@@ -243,12 +243,26 @@ open_dialogs() {
     close_dialog_over "$main"
 }
 
-# The program that opens pages for Windows is one of this computer; here it notes the page.
+# Opens the help page, in the language $1, of the program in the folder $2; its links have to lead to
+# that folder. The program that opens pages for Windows is one of this computer; here it notes the
+# page.
 open_help() {
     click_help
     wait_until test -s "$scratch/opened"
     grep -q "kelvra_help_$1.html" "$scratch/opened" || complain "another page was opened"
     rm "$scratch/opened"
+    page=$(find "$own_folder" -name "kelvra_help_$1.html")
+    for file in "introduction_$1.webm" "manual_$1.pdf"; do
+        address=$(sed -n "s,.*href=\"file:///\([^\"]*$file\)\".*,\1,p" "$page")
+        target=$(winepath --unix "$(decoded "$address")")
+        [ "$(realpath "$target")" = "$(realpath "$2/help/$file")" ] ||
+            complain "the help page leads to $address"
+    done
+}
+
+# The address $1 without percent signs.
+decoded() {
+    echo "$1" | perl -pe 's/%(..)/chr hex $1/ge'
 }
 
 # ExifTool ends with the program, but not if the program is killed: then it has to be ended by hand,
@@ -272,7 +286,7 @@ use_for_all_users() {
     start "C:\\ProgramData\\$shortcut"
     take started
     open_dialogs en
-    open_help en
+    open_help en "$drive/Program Files/Kelvra"
     use_dialog
     use_drop drop
     check_share
@@ -284,7 +298,7 @@ use_for_all_users() {
     start "C:\\ProgramData\\$shortcut"
     take started_in_german
     open_dialogs de
-    open_help de
+    open_help de "$drive/Program Files/Kelvra"
     kill_program
     check_uninstallation HKLM "$drive/Program Files/Kelvra" AllUsers
 }
@@ -310,6 +324,7 @@ use_portable() {
     export WINEQT_SCALE_FACTOR=$scale
     start "$(windows_path "$scratch/Kelvra ä/kelvra.exe")"
     use_drop portable
+    open_help en "$scratch/Kelvra ä"
     close_program
     scale=1
     unset WINEQT_SCALE_FACTOR

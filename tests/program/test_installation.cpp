@@ -29,6 +29,14 @@ const QStringList installed_files = {
     "share/icons/hicolor/48x48/apps/kelvra.png",
     "share/icons/hicolor/64x64/apps/kelvra.png",
     "share/icons/hicolor/scalable/apps/kelvra.svg",
+    "share/kelvra/help/introduction_de.webm",
+    "share/kelvra/help/introduction_en.webm",
+#ifdef HAS_MANUAL
+    "share/kelvra/help/manual_de.html",
+    "share/kelvra/help/manual_de.pdf",
+    "share/kelvra/help/manual_en.html",
+    "share/kelvra/help/manual_en.pdf",
+#endif
     "share/man/man1/kelvra.1",
     "share/metainfo/example.vorrin.kelvra.metainfo.xml",
 };

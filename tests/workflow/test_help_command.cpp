@@ -83,6 +83,7 @@ private slots:
     void replaces_an_older_page();
     void page_of_a_language_without_one_is_empty();
     void page_ends_at_a_zero_byte();
+    void link_can_lead_to_the_folder_of_the_program();
     void shows_no_message_if_it_cant_write();
     void shows_no_message_without_a_browser();
     void works_in_any_temporary_folder();
@@ -176,6 +177,19 @@ void test_help_command::page_ends_at_a_zero_byte()
     const opened_urls browser;
     click(app.window->button_help);
     QCOMPARE(bytes_of(help_path("zz")), page);
+}
+
+void test_help_command::link_can_lead_to_the_folder_of_the_program()
+{
+    const extra_resource resource("help/index_zz.html",
+                                  "<a href=\"program:help/page.pdf\">program:</a>");
+    QSettings().setValue("lang", "zz");
+    const opened_urls browser;
+    click(app.window->button_help);
+    const QString page = QString::fromUtf8(bytes_of(help_path("zz")));
+    const QUrl address(page.section('"', 1, 1), QUrl::StrictMode);
+    QCOMPARE(address.toLocalFile(), QCoreApplication::applicationDirPath() + "/help/page.pdf");
+    QVERIFY(page.endsWith("\">program:</a>"));
 }
 
 /// A folder in the place of the file can't be written by anybody.
