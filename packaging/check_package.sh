@@ -113,7 +113,7 @@ remove_package() {
 
 # The dependencies are installed with the package, and stay for the comparison after its removal.
 install_in_fresh_root() {
-    make_fresh_root "$root" xauth,xvfb,openbox,xdotool "$release"
+    make_fresh_root "$root" xauth,xvfb,openbox,x11-utils,xdotool "$release"
     run_in_root "$root" useradd --create-home anna
     cp "build/package/$package" "$root/srv"
     run_in_root "$root" apt-get update

@@ -8,8 +8,8 @@
 #
 # usage: packaging/use_installed.sh
 #
-# Has to run in a separate home folder with a UTF-8 locale. Needs `kelvra`, an X display, openbox
-# and xdotool.
+# Has to run in a separate home folder with a UTF-8 locale. Needs `kelvra`, an X display, openbox,
+# xdotool and xwininfo.
 set -eu
 # shellcheck source=tools/drive_window.sh
 . "$(dirname "$0")/../tools/drive_window.sh"
