@@ -3,7 +3,13 @@
 #
 # Drives the program's window with keys and the mouse, on an X display with a window manager.
 # Scripts source it. They set `scale`, the display's pixels per pixel of the program, which may be a
-# fraction such as 1.5, and define picture_of_failure, which is called when a wait has failed.
+# fraction such as 1.5, and `folder`, where a picture is saved when a wait has failed. Those that
+# can't save one there define another picture_of_failure.
+
+picture_of_failure() {
+    import -window root "$folder/timeout.png"
+    echo "see $folder/timeout.png" >&2
+}
 
 # The display's pixels for $1 pixels of the program.
 display_pixels() {

@@ -14,12 +14,7 @@ script=$(realpath "$0")
 tree=$(dirname "$(dirname "$script")")
 . "$tree/tools/drive_window.sh"
 scale=1
-pictures=$tree/build/help_links
-
-picture_of_failure() {
-    import -window root "$pictures/timeout.png"
-    echo "see $pictures/timeout.png" >&2
-}
+folder=$tree/build/help_links
 
 # Presses the help button in the language $1; stores the address of the page in `page`.
 open_help() {
@@ -52,7 +47,7 @@ END
     start_window_manager
     for language in en de; do
         open_help "$language"
-        /usr/bin/python3 "$tree/tools/follow_links.py" "$page" "$pictures/$language"
+        /usr/bin/python3 "$tree/tools/follow_links.py" "$page" "$folder/$language"
     done
 }
 
@@ -65,7 +60,7 @@ cd "$tree"
 tools/install_packages.sh build manual browser
 cmake --preset release
 cmake --build --preset release --target kelvra
-rm -rf "$pictures"
-mkdir -p "$pictures"
+rm -rf "$folder"
+mkdir -p "$folder"
 xvfb-run --auto-servernum --server-args="-screen 0 1280x1024x24" \
     env -u XDG_CONFIG_HOME LC_ALL=C.UTF-8 "$script" --under-display

@@ -122,11 +122,6 @@ END
 
 # --- Mouse and keys ---------------------------------------------------------------------------
 
-picture_of_failure() {
-    import -window root "$folder/timeout.png"
-    echo "see $folder/timeout.png" >&2
-}
-
 # Moves the mouse to the point $1, $2 of the screen, slowly enough to follow.
 glide() {
     eval "$(xdotool getmouselocation --shell)"

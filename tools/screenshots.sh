@@ -52,11 +52,6 @@ make_photos() {
 
 # --- Pictures ---------------------------------------------------------------------------------
 
-picture_of_failure() {
-    import -window root "$folder/timeout.png"
-    echo "see $folder/timeout.png" >&2
-}
-
 # Saves a picture of the window $2 as $1.
 take() {
     import -window "$2" "$folder/$1.png"
