@@ -33,19 +33,20 @@ QString entry_value(const QString &key)
     return captured(desktop_entry, "^" + QRegularExpression::escape(key) + "=(.*)$");
 }
 
-/// All sources that can hold a comment.
+/// All sources that can hold a comment. Help pages can't: users get them as they are.
 QStringList sources()
 {
     QStringList names;
     for (const char *folder : {".ci", "bench", "cmake", "docs", "orv_toolkit", "packaging", "qor",
                                "resources", "src", "tests", "tools"}) {
         QDirIterator files(QString(SOURCE_FOLDER) + "/" + folder,
-                           {"*.cpp", "*.h", "*.inc", "*.sh", "*.pl", "*.cmake", "CMakeLists.txt",
-                            "*.1", "*.xml", "*.desktop", "*.in", "run", "long"},
+                           {"*.cpp", "*.h", "*.inc", "*.sh", "*.pl", "*.py", "*.cmake", "*.css",
+                            "CMakeLists.txt", "*.1", "*.xml", "*.desktop", "*.in", "run", "long"},
                            QDir::Files, QDirIterator::Subdirectories);
         while (files.hasNext())
             names << files.next().mid(QString(SOURCE_FOLDER).size() + 1);
     }
+    names = names.filter(QRegularExpression("(?<!\\.html\\.in)$"));
     return names << QStringList({"CMakeLists.txt", "bench.sh", "lint.sh", "run.sh", "test.sh"});
 }
 
