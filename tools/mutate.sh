@@ -23,7 +23,7 @@ cd "$(dirname "$0")/.."
 sources="
 src/exif_cache.cpp exif_cache row_times table_data_model undo_batch random_records
 src/table_data_model.cpp table_data_model row_times column_sorting table_header header_clicks file_intake german_texts
-src/MainWindow_batches.cpp fix_requests fix_warnings fix_batch undo_batch fix_interruptions
+src/MainWindow_batches.cpp fix_requests fix_warnings fix_batch undo_batch fix_interruptions slow_photos
 src/core/batch_plan.cpp batch_plan fix_requests undo_batch batch_requests fix_warnings
 src/core/photo_record.cpp exif_cache batch_plan table_data_model
 src/batch_progress.cpp batch_progress fix_interruptions load_interruptions slow_photos painted_load

@@ -277,7 +277,7 @@ record() {
     kill -INT "$recorder"
     subtitles "$(cat "$folder/length_ms")" >"$folder/captions.ass"
     cp "$scratch/still_ms" "$folder"
-    wait "$recorder" || true
+    wait "$recorder" || [ $? -eq 255 ]  # what ffmpeg ends with when it is interrupted
 }
 
 # Makes the film and its picture from the recording.
