@@ -42,8 +42,9 @@ QString help_page(const QString &language)
     QFile page(QString(help_resource).arg(language));
     (void)page.open(QIODevice::ReadOnly);
     const QUrl folder = QUrl::fromLocalFile(QCoreApplication::applicationDirPath() + "/");
+    const QString address = folder.toString(QUrl::FullyEncoded).toHtmlEscaped();
     return QString::fromUtf8(page.readAll().constData())
-        .replace("href=\"program:", "href=\"" + folder.toString(QUrl::FullyEncoded));
+        .replace("href=\"program:", "href=\"" + address);
 }
 
 /// Writes the page to the temporary folder, overwriting that of an earlier call; returns its path.

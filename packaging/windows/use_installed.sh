@@ -260,9 +260,9 @@ open_help() {
     done
 }
 
-# The address $1 without percent signs.
+# What the link $1 of a web page stands for.
 decoded() {
-    echo "$1" | perl -pe 's/%(..)/chr hex $1/ge'
+    echo "$1" | perl -pe 's/&amp;/&/g; s/%(..)/chr hex $1/ge'
 }
 
 # ExifTool ends with the program, but not if the program is killed: then it has to be ended by hand,
@@ -319,12 +319,12 @@ use_for_one_user() {
 # From another folder than it was unpacked into, at another scale.
 use_portable() {
     make_windows
-    cp --recursive "$portable" "$scratch/Kelvra ä"
+    cp --recursive "$portable" "$scratch/Kelvra & ä"
     scale=1.5
     export WINEQT_SCALE_FACTOR=$scale
-    start "$(windows_path "$scratch/Kelvra ä/kelvra.exe")"
+    start "$(windows_path "$scratch/Kelvra & ä/kelvra.exe")"
     use_drop portable
-    open_help en "$scratch/Kelvra ä"
+    open_help en "$scratch/Kelvra & ä"
     close_program
     scale=1
     unset WINEQT_SCALE_FACTOR
