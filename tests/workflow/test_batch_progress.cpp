@@ -76,8 +76,10 @@ private slots:
     void more_steps_are_shown_before_the_next();
     void batch_shows_its_dialog_again_data();
     void batch_shows_its_dialog_again();
+    void batch_shows_its_dialog_again_with_its_last_number_of_steps();
     void batch_shows_its_dialog_again_after_another_dialog();
     void finished_batch_does_not_show_its_dialog_again();
+    void request_after_its_lifetime_does_no_harm();
 
 private:
     void ask_tool() { orv::exiftool::instance()->read_tags("/photo.jpg", true, false); }
@@ -235,6 +237,16 @@ void test_batch_progress::batch_shows_its_dialog_again()
     QCOMPARE(painted->values.last(), done);
 }
 
+void test_batch_progress::batch_shows_its_dialog_again_with_its_last_number_of_steps()
+{
+    progress->start(dialog, steps);
+    progress->step(1, steps + 2);
+    progress->start(dialog, 1);
+    progress->step(1, 1);
+    progress->end();
+    QCOMPARE(dialog->maximum(), steps + 2);
+}
+
 void test_batch_progress::batch_shows_its_dialog_again_after_another_dialog()
 {
     auto *other = new orv::progress_dialog(window.get());
@@ -256,6 +268,16 @@ void test_batch_progress::finished_batch_does_not_show_its_dialog_again()
     progress->step(2, 2);
     progress->end();
     QVERIFY(!dialog->isVisible());
+}
+
+/// The sanitizers notice a use of what is gone.
+void test_batch_progress::request_after_its_lifetime_does_no_harm()
+{
+    progress->start(dialog, steps);
+    progress->step(1, steps);
+    progress.reset();
+    ask_tool();
+    QVERIFY(dialog->isVisible());
 }
 
 KELVRA_PROGRAM_TEST_MAIN(test_batch_progress)

@@ -32,6 +32,7 @@ private slots:
     void screen_is_exact_after_a_load_inside_another();
     void screen_is_exact_after_a_load_inside_a_fix_data();
     void screen_is_exact_after_a_load_inside_a_fix();
+    void screen_is_exact_after_a_load_inside_an_undo();
     void screen_is_exact_when_the_tool_has_died();
 
 private:
@@ -121,6 +122,24 @@ void test_slow_photos::screen_is_exact_after_a_load_inside_a_fix()
     expected.set_photos(paths);
     QVERIFY(program->shows(expected,
                            expected.fix_progress(photos_before, photo_count + photos_inside)));
+}
+
+void test_slow_photos::screen_is_exact_after_a_load_inside_an_undo()
+{
+    constexpr int photos_before = 3;
+    constexpr int photos_inside = 2;
+    const QString folder = program->make_photos("photo", photo_count);
+    const QString inner_folder = program->make_photos("inner", photos_inside);
+    const int held_request = first_undo + photos_before + photos_inside;
+    program->tool.hold(held_request);
+    program->start(QString("open %1;click fix;at fix %2 open %3;click undo")
+                       .arg(folder)
+                       .arg(photos_before)
+                       .arg(inner_folder));
+    QVERIFY(program->waits_at(held_request));
+    expected.set_undo_enabled(true);
+    expected.set_photos(folder_files(inner_folder));
+    QVERIFY(program->shows(expected, expected.fix_progress(photos_before, photo_count)));
 }
 
 /// The program then waits forever for the reply to a request that it can't send.
