@@ -27,7 +27,7 @@ src/MainWindow_batches.cpp fix_requests fix_warnings fix_batch undo_batch fix_in
 src/core/batch_plan.cpp batch_plan fix_requests undo_batch batch_requests fix_warnings
 src/core/photo_record.cpp exif_cache batch_plan table_data_model
 src/batch_progress.cpp batch_progress fix_interruptions load_interruptions slow_photos painted_load
-src/photo_table.cpp painted_load file_intake
+src/photo_table.cpp photo_table painted_load file_intake
 orv_toolkit/orv/exiftool.cpp tag_writing tag_reading exiftool_pipe exiftool_process missing_tool exiftool_lifetime disturbed_program exiftool_faults batch_progress slow_photos
 orv_toolkit/orv/tag_reply.cpp tag_reading random_replies
 qor/string.cpp qor_string random_strings
