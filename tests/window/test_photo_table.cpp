@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "painted_part.h"
 #include "photo_table.h"
 #include "program_test_main.h"
 
 #include <QHeaderView>
-#include <QPaintEvent>
-#include <QRegion>
 #include <QScrollBar>
 #include <QStringListModel>
 
@@ -23,22 +22,6 @@ void handle_events()
     for (int pass = 0; pass < 3; ++pass)
         QCoreApplication::processEvents();
 }
-
-/// Collects what is painted of a widget during its lifetime.
-class painted_part : public QObject
-{
-public:
-    explicit painted_part(QWidget &widget) { widget.installEventFilter(this); }
-
-    bool eventFilter(QObject *watched, QEvent *event) override
-    {
-        if (event->type() == QEvent::Paint)
-            region += static_cast<QPaintEvent *>(event)->region();
-        return QObject::eventFilter(watched, event);
-    }
-
-    QRegion region;
-};
 
 }  // namespace
 

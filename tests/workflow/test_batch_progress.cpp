@@ -3,6 +3,7 @@
 #include "batch_progress.h"
 #include "orv/exiftool.h"
 #include "orv/progress_dialog.h"
+#include "painted_part.h"
 #include "private_home.h"
 #include "program_test_main.h"
 #include "scripted_tool.h"
@@ -35,21 +36,6 @@ public:
 
 private:
     QProgressBar &bar;
-};
-
-/// Records whether a widget is painted during its lifetime.
-class paint_watch : public QObject
-{
-public:
-    explicit paint_watch(QWidget &widget) { widget.installEventFilter(this); }
-
-    bool eventFilter(QObject *watched, QEvent *event) override
-    {
-        painted = painted || event->type() == QEvent::Paint;
-        return QObject::eventFilter(watched, event);
-    }
-
-    bool painted = false;
 };
 
 }  // namespace
@@ -178,10 +164,10 @@ void test_batch_progress::nothing_is_collected_after_the_end()
     progress->start(dialog, steps);
     progress->step(1, steps);
     progress->end();
-    const paint_watch paint(*window);
+    const painted_part painted_window(*window);
     window->update();
     QCoreApplication::processEvents();
-    QVERIFY(paint.painted);
+    QVERIFY(!painted_window.region.isEmpty());
 }
 
 void test_batch_progress::step_accepts_a_new_number_of_steps()
