@@ -74,6 +74,7 @@ private slots:
     void failed_writes_count_backwards();
     void refused_writes_count_as_nothing_data();
     void refused_writes_count_as_nothing();
+    void failed_part_of_a_request_is_told_before_the_wait_for_its_reply();
     void errors_before_the_first_request_are_relayed_with_it();
     void output_before_the_first_request_belongs_to_its_reply();
     void large_output_of_the_real_tool_doesnt_block_it();
@@ -251,6 +252,21 @@ void test_exiftool_faults::refused_writes_count_as_nothing()
     QFETCH(QByteArray, request);
     folder->use_stand_in();
     verify_waits_forever(QStringList{"close-write"} + commands, lost_bytes(0, request.size()));
+}
+
+/// The tool closes its input after the first request and stays alive.
+void test_exiftool_faults::failed_part_of_a_request_is_told_before_the_wait_for_its_reply()
+{
+    write_shell_script(folder->tool_path(),
+                       {"for line in 1 2 3 4; do read -r text; done", "exec <&-",
+                        "printf '%s\\n' -A=1 '{ready}'", "sleep 60"});
+    hanging_session session(folder->program_path(),
+                            QStringList{"tell-sent"} + read_command + read_command);
+    QVERIFY(session.warns_endlessly(1));
+    QCOMPARE(session.printed, QByteArray("sent\ntag: A=1\ntags: 1\n"
+                                         "sent\n"     // the failed part
+                                         "sent\n"));  // the end of the first wait
+    QCOMPARE(session.errors, QByteArray());
 }
 
 void test_exiftool_faults::errors_before_the_first_request_are_relayed_with_it()

@@ -9,6 +9,8 @@
 //   stamp PATH
 //   load PATH                                       through exif_cache, prints the record
 //   quiet on|off
+//   tell-sent                                       from now on prints "sent" for each part of a
+//                                                   request, see exiftool::set_request_sent
 //   hold                                            keeps a pointer to the tool until the end
 //   close | close-write                             closes the process object or its input
 //   kill-tool | await-tool                          returns when the tool has ended
@@ -80,6 +82,8 @@ void run(QStringList &words)
         print(exif_cache::instance()->record_copy(path));
     } else if (verb == "hold")
         held_tool = tool;
+    else if (verb == "tell-sent")
+        orv::exiftool::set_request_sent([] { std::cout << "sent" << std::endl; });
     else if (verb == "quiet")
         tool->set_quiet(words.takeFirst() == "on");
     else if (verb == "close")
