@@ -288,6 +288,8 @@ void test_qor_string::string_is_a_standard_string()
     const string kit = plain;
     QCOMPARE(kit + ":c", std::string("a:b:c"));
     QCOMPARE(kit.find(':'), std::size_t(1));
+    const string empty;
+    QCOMPARE(empty.size(), std::size_t(0));
 }
 
 QTEST_APPLESS_MAIN(test_qor_string)
