@@ -65,6 +65,7 @@ private slots:
     void batch_shows_its_dialog_again_with_its_last_number_of_steps();
     void batch_shows_its_dialog_again_after_another_dialog();
     void finished_batch_does_not_show_its_dialog_again();
+    void area_that_is_uncovered_late_is_painted_before_the_outer_batch_goes_on();
     void request_after_its_lifetime_does_no_harm();
 
 private:
@@ -254,6 +255,20 @@ void test_batch_progress::finished_batch_does_not_show_its_dialog_again()
     progress->step(2, 2);
     progress->end();
     QVERIFY(!dialog->isVisible());
+}
+
+/// The window system may take a moment to report what a hidden dialog has uncovered.
+void test_batch_progress::area_that_is_uncovered_late_is_painted_before_the_outer_batch_goes_on()
+{
+    constexpr int report_ms = 5;
+    auto *other = new orv::progress_dialog(window.get());
+    other->set_up("Title", "Label", "%v of %m");
+    progress->start(dialog, steps);
+    progress->start(other, steps);
+    const painted_part painted_window(*window);
+    QTimer::singleShot(report_ms, window.get(), [this] { window->update(); });
+    progress->end();
+    QVERIFY(!painted_window.region.isEmpty());
 }
 
 /// The sanitizers notice a use of what is gone.
