@@ -254,6 +254,7 @@ open_help() {
     page=$(find "$own_folder" -name "kelvra_help_$1.html")
     for file in "introduction_$1.webm" "manual_$1.pdf"; do
         address=$(sed -n "s,.*href=\"file:///\([^\"]*$file\)\".*,\1,p" "$page")
+        ! echo "$address" | grep -q '&[^a]' || complain "the link $address isn't escaped"
         target=$(winepath --unix "$(decoded "$address")")
         [ "$(realpath "$target")" = "$(realpath "$2/help/$file")" ] ||
             complain "the help page leads to $address"
