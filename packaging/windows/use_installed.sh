@@ -261,7 +261,7 @@ open_help() {
     done
 }
 
-# What the link $1 of a web page stands for.
+# Decodes the link $1 of a web page.
 decoded() {
     echo "$1" | perl -pe 's/&amp;/&/g; s/%(..)/chr hex $1/ge'
 }

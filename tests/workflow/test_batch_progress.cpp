@@ -69,6 +69,7 @@ private slots:
     void request_after_its_lifetime_does_no_harm();
 
 private:
+    orv::progress_dialog *new_dialog() const;
     void ask_tool() { orv::exiftool::instance()->read_tags("/photo.jpg", true, false); }
 
     scripted_tool tool;
@@ -83,8 +84,7 @@ void test_batch_progress::init()
     window = std::make_unique<QWidget>();
     window->show();
     QVERIFY(QTest::qWaitForWindowExposed(window.get()));
-    dialog = new orv::progress_dialog(window.get());
-    dialog->set_up("Title", "Label", "%v of %m");
+    dialog = new_dialog();
     progress = std::make_unique<batch_progress>();
     progress->watch(window.get());
     progress->watch(dialog);
@@ -96,6 +96,14 @@ void test_batch_progress::cleanup()
     painted.reset();
     progress.reset();
     window.reset();
+}
+
+/// The window owns it.
+orv::progress_dialog *test_batch_progress::new_dialog() const
+{
+    auto *made = new orv::progress_dialog(window.get());
+    made->set_up("Title", "Label", "%v of %m");
+    return made;
 }
 
 void test_batch_progress::batch_shows_its_dialog_with_no_step_done()
@@ -236,8 +244,7 @@ void test_batch_progress::batch_shows_its_dialog_again_with_its_last_number_of_s
 
 void test_batch_progress::batch_shows_its_dialog_again_after_another_dialog()
 {
-    auto *other = new orv::progress_dialog(window.get());
-    other->set_up("Title", "Label", "%v of %m");
+    auto *other = new_dialog();
     progress->start(dialog, steps);
     progress->start(other, steps);
     progress->start(dialog, 1);
@@ -261,8 +268,7 @@ void test_batch_progress::finished_batch_does_not_show_its_dialog_again()
 void test_batch_progress::area_that_is_uncovered_late_is_painted_before_the_outer_batch_goes_on()
 {
     constexpr int report_ms = 5;
-    auto *other = new orv::progress_dialog(window.get());
-    other->set_up("Title", "Label", "%v of %m");
+    auto *other = new_dialog();
     progress->start(dialog, steps);
     progress->start(other, steps);
     const painted_part painted_window(*window);
